@@ -1,0 +1,2 @@
+#include "FKRLocalizationHelper.h"
+// Placeholder so the settings library configures; replaced by the real lookup.

@@ -1,0 +1,32 @@
+#include <QCoreApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+// Every test binary gets a private XDG home, so no test ever reads or writes the
+// developer's real settings or data folders.
+int main(int argc, char **argv)
+{
+    QTemporaryDir home(QDir::tempPath() + QStringLiteral("/velmora-test-XXXXXX"));
+    if (!home.isValid())
+        return 3;
+    const QByteArray root = home.path().toUtf8();
+    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
+        const QByteArray dir = root + '/' + QByteArray(name).mid(4).toLower();
+        QDir().mkpath(QString::fromUtf8(dir));
+        setenv(name, dir.constData(), 1);
+    }
+    setenv("HOME", root.constData(), 1);
+    // Tests pin their own locales and zones; the default is a German desktop in Berlin.
+    if (!getenv("VELMORA_TEST_KEEP_LOCALE")) {
+        setenv("LANG", "de_DE.UTF-8", 1);
+        setenv("TZ", "Europe/Berlin", 1);
+    }
+    ::testing::InitGoogleTest(&argc, argv);
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
+    QCoreApplication::setApplicationName(QStringLiteral("Velmora-Rechnungen"));
+    return RUN_ALL_TESTS();
+}
