@@ -1,2 +1,165 @@
 #include "FKRLocalizationHelper.h"
-// Placeholder so the settings library configures; replaced by the real lookup.
+
+#include "UserLocale.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QLocale>
+#include <QMutex>
+#include <QTimeZone>
+#include <QTranslator>
+#include <QtGlobal>
+
+#include <unicode/datefmt.h>
+#include <unicode/locid.h>
+#include <unicode/timezone.h>
+#include <unicode/unistr.h>
+
+#include <memory>
+
+namespace {
+
+enum class Tabelle { Deutsch, Englisch };
+
+QString tabellenPfad(Tabelle tabelle)
+{
+    return tabelle == Tabelle::Deutsch ? QStringLiteral(":/i18n/velmora_de.qm")
+                                       : QStringLiteral(":/i18n/velmora_en.qm");
+}
+
+// A table that cannot be loaded stays empty: every lookup then falls back to the user's table,
+// which is better than failing, but it means the program was linked without its resources.
+QTranslator *ladeTabelle(Tabelle tabelle)
+{
+    auto *translator = new QTranslator;
+    if (!translator->load(tabellenPfad(tabelle)))
+        qWarning("Velmora: text table %s is missing", qPrintable(tabellenPfad(tabelle)));
+    return translator;
+}
+
+// The two document tables are made once for the whole process; the static initialisation is
+// thread-safe, so two threads asking at the same moment share one table. They are deliberately
+// never destroyed: a QObject torn down during static destruction may outlive the application
+// object and its thread data.
+const QTranslator *deutscheTabelle()
+{
+    static const QTranslator *const tabelle = ladeTabelle(Tabelle::Deutsch);
+    return tabelle;
+}
+
+const QTranslator *englischeTabelle()
+{
+    static const QTranslator *const tabelle = ladeTabelle(Tabelle::Englisch);
+    return tabelle;
+}
+
+const QTranslator *dokumentTabelle(std::optional<int> sprache)
+{
+    if (sprache == 1)
+        return deutscheTabelle();
+    if (sprache == 2)
+        return englischeTabelle();
+    return nullptr;
+}
+
+icu::DateFormat::EStyle icuStil(DateStyle style)
+{
+    switch (style) {
+    case DateStyle::None:
+        return icu::DateFormat::kNone;
+    case DateStyle::Short:
+        return icu::DateFormat::kShort;
+    case DateStyle::Medium:
+        return icu::DateFormat::kMedium;
+    case DateStyle::Long:
+        return icu::DateFormat::kLong;
+    case DateStyle::Full:
+        return icu::DateFormat::kFull;
+    }
+    return icu::DateFormat::kNone;
+}
+
+icu::Locale datumsLocale(std::optional<int> sprache)
+{
+    if (sprache == 2)
+        return icu::Locale("en_US");
+    if (sprache == 1)
+        return icu::Locale("de_DE");
+    return icu::Locale(UserLocale::icuLocaleId().c_str());
+}
+
+// ICU keeps its own default zone from the first time it was asked; the user may have changed
+// the zone since (or a test sets TZ), so the zone is taken from the system on every call.
+icu::TimeZone *aktuelleZeitzone()
+{
+    const QByteArray id = QTimeZone::systemTimeZoneId();
+    if (!id.isEmpty()) {
+        icu::TimeZone *zone = icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(id.constData()));
+        if (zone && *zone != icu::TimeZone::getUnknown())
+            return zone;
+        delete zone;
+    }
+    return icu::TimeZone::detectHostTimeZone();
+}
+
+QString alsQString(const icu::UnicodeString &text)
+{
+    return QString(reinterpret_cast<const QChar *>(text.getBuffer()), text.length());
+}
+
+} // namespace
+
+QString FKRLocalizationHelper::lokalisierterText(const QString &key, std::optional<int> sprache)
+{
+    if (const QTranslator *tabelle = dokumentTabelle(sprache)) {
+        const QByteArray quelle = key.toUtf8();
+        const QString text = tabelle->translate(kContext, quelle.constData());
+        if (!text.isEmpty())
+            return text;
+    }
+    return hauptTabellenText(key);
+}
+
+QString FKRLocalizationHelper::lokalisiertesDatum(const QDateTime &date, DateStyle dateStyle, DateStyle timeStyle,
+                                                  std::optional<int> sprache)
+{
+    // Neither a date nor a time part asked for: the text is empty, as with the platform formatter.
+    if (!date.isValid() || (dateStyle == DateStyle::None && timeStyle == DateStyle::None))
+        return {};
+    std::unique_ptr<icu::DateFormat> format(
+        icu::DateFormat::createDateTimeInstance(icuStil(dateStyle), icuStil(timeStyle), datumsLocale(sprache)));
+    if (!format)
+        return {};
+    format->adoptTimeZone(aktuelleZeitzone());
+    icu::UnicodeString text;
+    format->format(static_cast<UDate>(date.toMSecsSinceEpoch()), text);
+    return alsQString(text);
+}
+
+QString FKRLocalizationHelper::hauptTabellenText(const QString &key)
+{
+    const QByteArray quelle = key.toUtf8();
+    return QCoreApplication::translate(kContext, quelle.constData());
+}
+
+void FKRLocalizationHelper::installiereHauptTabelle()
+{
+    static QMutex mutex;
+    static QTranslator *installiert = nullptr;
+
+    const QMutexLocker lock(&mutex);
+    auto *neu = new QTranslator;
+    const Tabelle tabelle = QLocale().language() == QLocale::German ? Tabelle::Deutsch : Tabelle::Englisch;
+    if (!neu->load(tabellenPfad(tabelle)) || !QCoreApplication::installTranslator(neu)) {
+        qWarning("Velmora: could not install the text table %s", qPrintable(tabellenPfad(tabelle)));
+        delete neu;
+        return;
+    }
+    // The new table is in place before the old one goes, so a lookup in between never falls
+    // back to the bare key.
+    if (installiert) {
+        QCoreApplication::removeTranslator(installiert);
+        delete installiert;
+    }
+    installiert = neu;
+}

@@ -13,6 +13,19 @@
 //
 // All keys live in the translation context kContext. Tables: "de" (German) and "Base" (English),
 // compiled from resources/translations and embedded into the program.
+//
+// Keys with arguments use QString::arg placeholders; fill them with the multi-argument overload
+// (one pass, so an argument that itself contains "%1" is left alone):
+//   "HTML_TOKEN_SKONTO_SATZ"  %1 the last day of the cash-discount period (lokalisiertesDatum),
+//                             %2 the rate as a formatted number without "%" (the text adds it),
+//                             %3 the discount amount, %4 the amount payable after the discount;
+//                             lokalisierterText(key, sprache).arg(datum, prozent, skonto, rest).
+// Some keys begin or end with a blank that the caller relies on when joining texts, for example
+// "PDF_EXPORT_SEITENNUMMER" ("Seite ", then the number), "Umsatzsteuer " (then the rate) and
+// " ist fällig am ". "Kopie" carries its own leading blank, because a duplicate's number is the
+// source number followed directly by it. Literal keys passed to lokalisierterText,
+// hauptTabellenText, QCoreApplication::translate with kContext, tr, QT_TR_NOOP and
+// QT_TRANSLATE_NOOP under src/ are checked against both tables by the test suite.
 class FKRLocalizationHelper
 {
 public:

@@ -1,0 +1,474 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="de_DE">
+<context>
+    <name>Velmora</name>
+    <!-- Document number labels and number texts -->
+    <message>
+        <source>Anschreiben:</source>
+        <translation>Anschreiben:</translation>
+    </message>
+    <message>
+        <source>Angebot:</source>
+        <translation>Angebot:</translation>
+    </message>
+    <message>
+        <source>Rechnung:</source>
+        <translation>Rechnung:</translation>
+    </message>
+    <message>
+        <source>Honorarnote:</source>
+        <translation>Honorarnote:</translation>
+    </message>
+    <message>
+        <source>Mahnung:</source>
+        <translation>Mahnung:</translation>
+    </message>
+    <message>
+        <source>Kopie</source>
+        <extracomment>Appended directly to the source number of a duplicate; carries its own leading blank.</extracomment>
+        <translation> Kopie</translation>
+    </message>
+    <message>
+        <source>Mahnung für: </source>
+        <extracomment>Put in front of the source number of a dunning letter.</extracomment>
+        <translation>Mahnung für: </translation>
+    </message>
+    <!-- Names of new senders and recipients -->
+    <message>
+        <source> Neuer Absender</source>
+        <translation> Neuer Absender</translation>
+    </message>
+    <message>
+        <source> Neuer Empfänger</source>
+        <translation> Neuer Empfänger</translation>
+    </message>
+    <message>
+        <source>Neuer Absender</source>
+        <translation>Neuer Absender</translation>
+    </message>
+    <message>
+        <source>Neuer Empfänger</source>
+        <translation>Neuer Empfänger</translation>
+    </message>
+    <!-- Default texts of a new item -->
+    <message>
+        <source>Bezeichnung</source>
+        <translation>Bezeichnung</translation>
+    </message>
+    <message>
+        <source>Beschreibung</source>
+        <extracomment>Also the heading of the first column of the item table.</extracomment>
+        <translation>Beschreibung</translation>
+    </message>
+    <!-- Item table and totals -->
+    <message>
+        <source>Anzahl</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Betrag</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message>
+        <source>Summe</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>Zwischensumme</source>
+        <translation>Zwischensumme</translation>
+    </message>
+    <message>
+        <source>Rabatt</source>
+        <translation>Rabatt</translation>
+    </message>
+    <message>
+        <source>Zuschlag</source>
+        <translation>Zuschlag</translation>
+    </message>
+    <message>
+        <source>Umsatzsteuer </source>
+        <extracomment>Followed directly by the rate, for example 19,00%.</extracomment>
+        <translation>Umsatzsteuer </translation>
+    </message>
+    <message>
+        <source>Rechnungssumme</source>
+        <translation>Gesamtsumme</translation>
+    </message>
+    <!-- Due-date and cash-discount sentences -->
+    <message>
+        <source>Dieses Angebot bleibt gültig bis </source>
+        <extracomment>Followed by the date and a full stop.</extracomment>
+        <translation>Dieses Angebot bleibt gültig bis </translation>
+    </message>
+    <message>
+        <source>Dieses Angebot bleibt gültig bis</source>
+        <translation>Dieses Angebot bleibt gültig bis</translation>
+    </message>
+    <message>
+        <source>Der Rechnungsbetrag </source>
+        <translation>Der Rechnungsbetrag </translation>
+    </message>
+    <message>
+        <source>Der Honorarnoten-Betrag </source>
+        <translation>Der Honorarbetrag </translation>
+    </message>
+    <message>
+        <source>Der Mahnungsbetrag </source>
+        <translation>Der offene Betrag </translation>
+    </message>
+    <message>
+        <source> ist fällig am </source>
+        <translation> ist fällig am </translation>
+    </message>
+    <message>
+        <source> (Zahlungseingang).</source>
+        <translation> (Zahlungseingang).</translation>
+    </message>
+    <message>
+        <source>HTML_TOKEN_SKONTO_SATZ</source>
+        <extracomment>%1 last day of the discount period, %2 discount rate as a number without the percent sign, %3 discount amount, %4 amount payable after the discount.</extracomment>
+        <translation>Bei Zahlung bis zum %1 können %2% Skonto (%3) abgezogen werden; der Zahlbetrag beträgt dann %4.</translation>
+    </message>
+    <!-- Dates block and editor date labels -->
+    <message>
+        <source>Datum</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Angebots-Datum</source>
+        <translation>Angebotsdatum</translation>
+    </message>
+    <message>
+        <source>Rechnungs-Datum</source>
+        <translation>Rechnungsdatum</translation>
+    </message>
+    <message>
+        <source>Honorarnoten-Datum</source>
+        <translation>Datum der Honorarnote</translation>
+    </message>
+    <message>
+        <source>Mahnungs-Datum</source>
+        <translation>Mahnungsdatum</translation>
+    </message>
+    <message>
+        <source>Leistungs-Datum</source>
+        <translation>Leistungsdatum</translation>
+    </message>
+    <message>
+        <source>Gültig bis</source>
+        <translation>Gültig bis</translation>
+    </message>
+    <message>
+        <source>Fällig am</source>
+        <translation>Fällig am</translation>
+    </message>
+    <message>
+        <source>Fälligkeits-Datum</source>
+        <translation>Fälligkeitsdatum</translation>
+    </message>
+    <!-- Sender details in the sidebar and the header and footer bars -->
+    <message>
+        <source>Ums.St.-ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>Steuernr</source>
+        <translation>Steuernummer</translation>
+    </message>
+    <message>
+        <source>Bankverbindung</source>
+        <translation>Bankverbindung</translation>
+    </message>
+    <message>
+        <source>Institut</source>
+        <translation>Bank</translation>
+    </message>
+    <message>
+        <source>IBAN</source>
+        <translation>IBAN</translation>
+    </message>
+    <message>
+        <source>BIC</source>
+        <translation>BIC</translation>
+    </message>
+    <message>
+        <source>PDF_EXPORT_SEITENNUMMER</source>
+        <extracomment>Followed directly by the page number.</extracomment>
+        <translation>Seite </translation>
+    </message>
+    <!-- Document list -->
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_FAELLIGKEIT</source>
+        <translation>Sortiert nach Fälligkeit</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_EMPFAENGER</source>
+        <translation>Sortiert nach Empfänger</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_RECHNUNGSDATUM</source>
+        <translation>Sortiert nach Dokumentdatum</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_RECHNUNGSNUMMER</source>
+        <translation>Sortiert nach Nummer</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_ZAHLUNGSEINGANG</source>
+        <translation>Sortiert nach Zahlungseingang</translation>
+    </message>
+    <!-- Document view -->
+    <message>
+        <source>/pdf/waehleRechnung.pdf</source>
+        <extracomment>Placeholder PDF shown while no document is selected, relative to the application's resource folder.</extracomment>
+        <translation>/pdf/waehleRechnung.pdf</translation>
+    </message>
+    <message>
+        <source>Wo soll Dein PDF Export gesichert werden?</source>
+        <translation>Wo möchtest du den PDF-Export speichern?</translation>
+    </message>
+    <message>
+        <source>TUTORIAL_LINK</source>
+        <extracomment>Web address of the tutorial, opened in the browser.</extracomment>
+        <translation>https://velmora-rechnungen.de/anleitung/</translation>
+    </message>
+    <!-- Editor tabs and their help texts -->
+    <message>
+        <source>POSTEN_TAB</source>
+        <translation>Posten</translation>
+    </message>
+    <message>
+        <source>BETRAG_TAB</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>EMPFAENGER_TAB</source>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>ABSENDER_TAB</source>
+        <translation>Absender</translation>
+    </message>
+    <message>
+        <source>TEXT_TAB</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>STATUS_TAB</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_POSTEN_TAB</source>
+        <translation>Hier erfasst du die Posten des Dokuments mit Bezeichnung, Beschreibung, Anzahl und Einzelpreis. Neue Posten werden fortlaufend nummeriert; die Summe aller Posten wird nach jeder Änderung neu berechnet.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_BETRAG_TAB</source>
+        <translation>Lege fest, ob die Umsatzsteuer zur Summe hinzugerechnet wird (brutto) oder nicht (netto), und trage Steuersatz, Rabatt, Zuschlag, Skonto mit Skontofrist in Tagen sowie die Währung ein. Die Gesamtsumme wird sofort neu berechnet.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_EMPFAENGER_TAB</source>
+        <translation>Wähle den Empfänger des Dokuments aus der Liste oder lege einen neuen an. Änderungen an Name und Adresse gelten für alle Dokumente dieses Empfängers, die noch nicht versendet wurden.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_ABSENDER_TAB</source>
+        <translation>Hier pflegst du deine eigenen Angaben: Adresse, Kontaktdaten, Steuernummer, USt-IdNr. und Bankverbindung. Logo, Unterschrift und Geschäftspapier ziehst du als Bild (JPG, PNG oder TIFF) in die Bildfelder; das Geschäftspapier muss die ganze Seitenbreite abdecken.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_TEXT_TAB</source>
+        <translation>Anrede, Einleitungstext und Schlusstext des Dokuments. Der Einleitungstext steht vor den Posten, der Schlusstext nach den Hinweisen zu Fälligkeit und Skonto.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_STATUS_TAB</source>
+        <translation>Wähle Dokumentart, Sprache und Layout und lege die Daten des Dokuments fest. Die Sprache bestimmt alle Beschriftungen und Datumsangaben im PDF, unabhängig von der Sprache des Programms.</translation>
+    </message>
+    <!-- Weekdays -->
+    <message>
+        <source>WOCHENTAG_MONTAG</source>
+        <translation>Montag</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_DIENSTAG</source>
+        <translation>Dienstag</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_MITTWOCH</source>
+        <translation>Mittwoch</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_DONNERSTAG</source>
+        <translation>Donnerstag</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_FREITAG</source>
+        <translation>Freitag</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_SAMSTAG</source>
+        <translation>Samstag</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_SONNTAG</source>
+        <translation>Sonntag</translation>
+    </message>
+    <!-- Due-document notifications -->
+    <message>
+        <source>Fälliges Dokument</source>
+        <translation>Fälliges Dokument</translation>
+    </message>
+    <message>
+        <source>Das Dokument: </source>
+        <extracomment>Followed directly by the document number.</extracomment>
+        <translation>Das Dokument </translation>
+    </message>
+    <message>
+        <source>für: </source>
+        <extracomment>Between the document number and the recipient's name.</extracomment>
+        <translation> für </translation>
+    </message>
+    <message>
+        <source>ist fällig!</source>
+        <extracomment>Ends the text, directly after the number or the recipient's name.</extracomment>
+        <translation> ist fällig.</translation>
+    </message>
+    <!-- Alert titles -->
+    <message>
+        <source>ALERT_TITLE_ATTENTION</source>
+        <translation>Achtung</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_DATEN_WERDEN_GESICHERT</source>
+        <translation>Daten werden gesichert</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_DELETE</source>
+        <translation>Wirklich löschen?</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_EXPORT</source>
+        <translation>Datensicherung</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_HINWEIS</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_PROBLEM</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_RECHNUNG_OEFFNEN_FUER_IMPORT</source>
+        <translation>Kein Dokument geöffnet</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_VERSANDTE_RECHNUNG_OEFFNEN</source>
+        <translation>Dokument bereits versendet</translation>
+    </message>
+    <!-- Alert texts -->
+    <message>
+        <source>ALERT_TEXT_APP_UNSUPPORTED</source>
+        <translation>Diese Version von Velmora Rechnungen ist für dein Betriebssystem nicht freigegeben. Das Programm startet, einzelne Funktionen können aber fehlen oder nicht richtig arbeiten. Bitte prüfe, ob es eine passende Version von Velmora Rechnungen für dein System gibt.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_APP_SUPPORTED_UPTO_10_15</source>
+        <translation>Velmora Rechnungen unterstützt dein Betriebssystem nur noch bis einschließlich Version 10.15. Künftige Versionen des Programms setzen ein neueres System voraus. Aktualisiere dein Betriebssystem, um weiterhin Updates zu erhalten; deine Daten bleiben dabei erhalten.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING</source>
+        <translation>Dieses Bild kann nicht als Geschäftspapier verwendet werden. Das Geschäftspapier ist der Hintergrund der ganzen Seite: Verwende ein Bild im Format JPG, PNG oder TIFF, das mindestens so breit ist wie die eingestellte Seitengröße (A4 oder Letter).</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DATEN_WERDEN_GESICHERT</source>
+        <translation>Deine Daten werden gerade gesichert und abgeglichen. Wenn du Velmora Rechnungen jetzt beendest, können die letzten Änderungen verloren gehen oder erst beim nächsten Start übertragen werden. Warte am besten einen Moment und beende das Programm dann erneut.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DELETE</source>
+        <translation>Möchtest du die ausgewählten Einträge wirklich löschen? Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_ICLOUD</source>
+        <translation>Die Synchronisation konnte nicht gestartet werden. Bitte prüfe deine Internetverbindung und die Anmeldung bei deinem Cloud-Konto und versuche es später erneut. Deine Daten auf diesem Rechner bleiben unverändert erhalten.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMAGETYPE_IMPORT_WARNING</source>
+        <translation>Dieses Dateiformat wird nicht unterstützt. Bitte verwende ein Bild im Format JPG, PNG oder TIFF.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_REALLY_IMPORT_DATABASE</source>
+        <translation>Beim Import werden alle Dokumente, Posten, Empfänger und Absender gelöscht und durch den Inhalt der Datensicherung ersetzt. Die Synchronisation wird dabei ausgeschaltet, und Velmora Rechnungen wird nach dem Import beendet. Möchtest du fortfahren?</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT</source>
+        <translation>Um Posten zu übernehmen, öffne zuerst im Editor das Dokument, dem die Posten hinzugefügt werden sollen, und starte die Übertragung dann erneut.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_UPDATE_DATABASE</source>
+        <translation>Die Daten in der Cloud stammen von einer neueren Version von Velmora Rechnungen. Bitte aktualisiere Velmora Rechnungen auf diesem Rechner, damit die Synchronisation fortgesetzt werden kann.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_VERSANDTE_RECHNUNG_OEFFNEN</source>
+        <translation>Dieses Dokument wurde bereits versendet und kann nicht mehr bearbeitet werden; sein PDF bleibt so, wie es verschickt wurde. Wenn du etwas ändern musst, dupliziere das Dokument und bearbeite die Kopie.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_WHICH_DATABASE_TO_IMPORT</source>
+        <translation>Wähle die Datensicherung (Dateiendung .fks), die importiert werden soll.</translation>
+    </message>
+    <message>
+        <source>DATABASE_EXPORT_PROBLEM</source>
+        <translation>Die automatische Datensicherung konnte nicht angelegt werden. Bitte prüfe, ob auf deinem Rechner genügend Speicherplatz frei ist. Deine Daten selbst sind davon nicht betroffen; beim nächsten Start wird erneut eine Sicherung angelegt.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_PROBLEM</source>
+        <translation>Die gewählte Datei ist keine Datensicherung von Velmora Rechnungen (Dateiendung .fks). Die bisherigen Daten wurden bereits entfernt. Starte den Import erneut und wähle eine gültige Datensicherung, zum Beispiel die automatische Sicherung vom letzten Start.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_SUCCESSFUL</source>
+        <translation>Die Datensicherung wurde importiert. Velmora Rechnungen wird jetzt beendet; beim nächsten Start stehen dir die importierten Daten zur Verfügung. Die Synchronisation ist ausgeschaltet und kann in den Einstellungen wieder eingeschaltet werden.</translation>
+    </message>
+    <!-- Store failures -->
+    <message>
+        <source>Failed to initialize the application's saved data</source>
+        <translation>Die gespeicherten Daten konnten nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>There was an error creating or loading the application's saved data.</source>
+        <translation>Beim Anlegen oder Laden der gespeicherten Daten ist ein Fehler aufgetreten.</translation>
+    </message>
+    <message>
+        <source>Expected a folder to store application data, found a file </source>
+        <extracomment>Followed by the path of the file and a full stop.</extracomment>
+        <translation>Für die Programmdaten wird ein Ordner erwartet, gefunden wurde aber eine Datei: </translation>
+    </message>
+    <!-- Buttons -->
+    <message>
+        <source>BUTTON_TITLE_ABBRECHEN</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_CLOSE</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_DELETE</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_DUPLIZIEREN</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_TROTZDEMBEENDEN</source>
+        <translation>Trotzdem beenden</translation>
+    </message>
+    <!-- Test support -->
+    <message>
+        <source>PRUEFTEXT_NUR_DEUTSCH</source>
+        <extracomment>Kept in the German table only: the lookup tests use it to check that an English document falls back to the user's language for a key the English table lacks.</extracomment>
+        <translation>Nur im deutschen Katalog</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,468 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="de_DE">
+<context>
+    <name>Velmora</name>
+    <!-- Document number labels and number texts -->
+    <message>
+        <source>Anschreiben:</source>
+        <translation>Cover letter:</translation>
+    </message>
+    <message>
+        <source>Angebot:</source>
+        <translation>Quote:</translation>
+    </message>
+    <message>
+        <source>Rechnung:</source>
+        <translation>Invoice:</translation>
+    </message>
+    <message>
+        <source>Honorarnote:</source>
+        <translation>Fee note:</translation>
+    </message>
+    <message>
+        <source>Mahnung:</source>
+        <translation>Reminder:</translation>
+    </message>
+    <message>
+        <source>Kopie</source>
+        <extracomment>Appended directly to the source number of a duplicate; carries its own leading blank.</extracomment>
+        <translation> Copy</translation>
+    </message>
+    <message>
+        <source>Mahnung für: </source>
+        <extracomment>Put in front of the source number of a dunning letter.</extracomment>
+        <translation>Reminder for: </translation>
+    </message>
+    <!-- Names of new senders and recipients -->
+    <message>
+        <source> Neuer Absender</source>
+        <translation> New sender</translation>
+    </message>
+    <message>
+        <source> Neuer Empfänger</source>
+        <translation> New recipient</translation>
+    </message>
+    <message>
+        <source>Neuer Absender</source>
+        <translation>New sender</translation>
+    </message>
+    <message>
+        <source>Neuer Empfänger</source>
+        <translation>New recipient</translation>
+    </message>
+    <!-- Default texts of a new item -->
+    <message>
+        <source>Bezeichnung</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>Beschreibung</source>
+        <extracomment>Also the heading of the first column of the item table.</extracomment>
+        <translation>Description</translation>
+    </message>
+    <!-- Item table and totals -->
+    <message>
+        <source>Anzahl</source>
+        <translation>Qty</translation>
+    </message>
+    <message>
+        <source>Betrag</source>
+        <translation>Unit price</translation>
+    </message>
+    <message>
+        <source>Summe</source>
+        <translation>Amount</translation>
+    </message>
+    <message>
+        <source>Zwischensumme</source>
+        <translation>Subtotal</translation>
+    </message>
+    <message>
+        <source>Rabatt</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>Zuschlag</source>
+        <translation>Surcharge</translation>
+    </message>
+    <message>
+        <source>Umsatzsteuer </source>
+        <extracomment>Followed directly by the rate, for example 19,00%.</extracomment>
+        <translation>VAT </translation>
+    </message>
+    <message>
+        <source>Rechnungssumme</source>
+        <translation>Total</translation>
+    </message>
+    <!-- Due-date and cash-discount sentences -->
+    <message>
+        <source>Dieses Angebot bleibt gültig bis </source>
+        <extracomment>Followed by the date and a full stop.</extracomment>
+        <translation>This quote is valid until </translation>
+    </message>
+    <message>
+        <source>Dieses Angebot bleibt gültig bis</source>
+        <translation>This quote is valid until</translation>
+    </message>
+    <message>
+        <source>Der Rechnungsbetrag </source>
+        <translation>The invoice amount </translation>
+    </message>
+    <message>
+        <source>Der Honorarnoten-Betrag </source>
+        <translation>The fee amount </translation>
+    </message>
+    <message>
+        <source>Der Mahnungsbetrag </source>
+        <translation>The outstanding amount </translation>
+    </message>
+    <message>
+        <source> ist fällig am </source>
+        <translation> is due on </translation>
+    </message>
+    <message>
+        <source> (Zahlungseingang).</source>
+        <translation> (payment to be received by this date).</translation>
+    </message>
+    <message>
+        <source>HTML_TOKEN_SKONTO_SATZ</source>
+        <extracomment>%1 last day of the discount period, %2 discount rate as a number without the percent sign, %3 discount amount, %4 amount payable after the discount.</extracomment>
+        <translation>If paid by %1, a cash discount of %2% (%3) may be deducted; the amount payable is then %4.</translation>
+    </message>
+    <!-- Dates block and editor date labels -->
+    <message>
+        <source>Datum</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Angebots-Datum</source>
+        <translation>Quote date</translation>
+    </message>
+    <message>
+        <source>Rechnungs-Datum</source>
+        <translation>Invoice date</translation>
+    </message>
+    <message>
+        <source>Honorarnoten-Datum</source>
+        <translation>Fee note date</translation>
+    </message>
+    <message>
+        <source>Mahnungs-Datum</source>
+        <translation>Reminder date</translation>
+    </message>
+    <message>
+        <source>Leistungs-Datum</source>
+        <translation>Date of service</translation>
+    </message>
+    <message>
+        <source>Gültig bis</source>
+        <translation>Valid until</translation>
+    </message>
+    <message>
+        <source>Fällig am</source>
+        <translation>Due on</translation>
+    </message>
+    <message>
+        <source>Fälligkeits-Datum</source>
+        <translation>Due date</translation>
+    </message>
+    <!-- Sender details in the sidebar and the header and footer bars -->
+    <message>
+        <source>Ums.St.-ID</source>
+        <translation>VAT ID</translation>
+    </message>
+    <message>
+        <source>Steuernr</source>
+        <translation>Tax number</translation>
+    </message>
+    <message>
+        <source>Bankverbindung</source>
+        <translation>Bank details</translation>
+    </message>
+    <message>
+        <source>Institut</source>
+        <translation>Bank</translation>
+    </message>
+    <message>
+        <source>IBAN</source>
+        <translation>IBAN</translation>
+    </message>
+    <message>
+        <source>BIC</source>
+        <translation>BIC</translation>
+    </message>
+    <message>
+        <source>PDF_EXPORT_SEITENNUMMER</source>
+        <extracomment>Followed directly by the page number.</extracomment>
+        <translation>Page </translation>
+    </message>
+    <!-- Document list -->
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_FAELLIGKEIT</source>
+        <translation>Sorted by due date</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_EMPFAENGER</source>
+        <translation>Sorted by recipient</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_RECHNUNGSDATUM</source>
+        <translation>Sorted by document date</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_RECHNUNGSNUMMER</source>
+        <translation>Sorted by number</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_ZAHLUNGSEINGANG</source>
+        <translation>Sorted by payment date</translation>
+    </message>
+    <!-- Document view -->
+    <message>
+        <source>/pdf/waehleRechnung.pdf</source>
+        <extracomment>Placeholder PDF shown while no document is selected, relative to the application's resource folder.</extracomment>
+        <translation>/pdf/selectDocument.pdf</translation>
+    </message>
+    <message>
+        <source>Wo soll Dein PDF Export gesichert werden?</source>
+        <translation>Where would you like to save the PDF export?</translation>
+    </message>
+    <message>
+        <source>TUTORIAL_LINK</source>
+        <extracomment>Web address of the tutorial, opened in the browser.</extracomment>
+        <translation>https://velmora-rechnungen.de/en/tutorial/</translation>
+    </message>
+    <!-- Editor tabs and their help texts -->
+    <message>
+        <source>POSTEN_TAB</source>
+        <translation>Items</translation>
+    </message>
+    <message>
+        <source>BETRAG_TAB</source>
+        <translation>Amount</translation>
+    </message>
+    <message>
+        <source>EMPFAENGER_TAB</source>
+        <translation>Recipient</translation>
+    </message>
+    <message>
+        <source>ABSENDER_TAB</source>
+        <translation>Sender</translation>
+    </message>
+    <message>
+        <source>TEXT_TAB</source>
+        <translation>Texts</translation>
+    </message>
+    <message>
+        <source>STATUS_TAB</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_POSTEN_TAB</source>
+        <translation>Enter the items of the document here, each with its title, description, quantity and unit price. New items are numbered in order; the sum of all items is recalculated after every change.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_BETRAG_TAB</source>
+        <translation>Choose whether VAT is added to the total (gross) or not (net), and enter the VAT rate, discount, surcharge, cash discount with its period in days, and the currency. The total is recalculated at once.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_EMPFAENGER_TAB</source>
+        <translation>Choose the recipient of the document from the list or create a new one. Changes to the name and address apply to all documents of this recipient that have not been sent yet.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_ABSENDER_TAB</source>
+        <translation>Maintain your own details here: address, contact details, tax number, VAT ID and bank details. Drag your logo, signature and letterhead into the image fields as JPG, PNG or TIFF files; the letterhead must cover the full page width.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_TEXT_TAB</source>
+        <translation>The salutation, introduction and closing text of the document. The introduction appears before the items, the closing text after the due date and cash-discount notes.</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_STATUS_TAB</source>
+        <translation>Choose the document type, language and layout, and set the dates of the document. The language decides all labels and dates in the PDF, independently of the language of the program.</translation>
+    </message>
+    <!-- Weekdays -->
+    <message>
+        <source>WOCHENTAG_MONTAG</source>
+        <translation>Monday</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_DIENSTAG</source>
+        <translation>Tuesday</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_MITTWOCH</source>
+        <translation>Wednesday</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_DONNERSTAG</source>
+        <translation>Thursday</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_FREITAG</source>
+        <translation>Friday</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_SAMSTAG</source>
+        <translation>Saturday</translation>
+    </message>
+    <message>
+        <source>WOCHENTAG_SONNTAG</source>
+        <translation>Sunday</translation>
+    </message>
+    <!-- Due-document notifications -->
+    <message>
+        <source>Fälliges Dokument</source>
+        <translation>Document due</translation>
+    </message>
+    <message>
+        <source>Das Dokument: </source>
+        <extracomment>Followed directly by the document number.</extracomment>
+        <translation>The document </translation>
+    </message>
+    <message>
+        <source>für: </source>
+        <extracomment>Between the document number and the recipient's name.</extracomment>
+        <translation> for </translation>
+    </message>
+    <message>
+        <source>ist fällig!</source>
+        <extracomment>Ends the text, directly after the number or the recipient's name.</extracomment>
+        <translation> is due.</translation>
+    </message>
+    <!-- Alert titles -->
+    <message>
+        <source>ALERT_TITLE_ATTENTION</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_DATEN_WERDEN_GESICHERT</source>
+        <translation>Saving your data</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_DELETE</source>
+        <translation>Delete?</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_EXPORT</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_HINWEIS</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_PROBLEM</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_RECHNUNG_OEFFNEN_FUER_IMPORT</source>
+        <translation>No document open</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_VERSANDTE_RECHNUNG_OEFFNEN</source>
+        <translation>Document already sent</translation>
+    </message>
+    <!-- Alert texts -->
+    <message>
+        <source>ALERT_TEXT_APP_UNSUPPORTED</source>
+        <translation>This version of Velmora Rechnungen is not approved for your operating system. The program will start, but some features may be missing or may not work correctly. Please check whether a suitable version of Velmora Rechnungen is available for your system.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_APP_SUPPORTED_UPTO_10_15</source>
+        <translation>Velmora Rechnungen supports your operating system only up to version 10.15. Future versions of the program will require a newer system. Update your operating system to keep receiving updates; your data will be kept.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING</source>
+        <translation>This image cannot be used as letterhead. The letterhead is the background of the whole page: use a JPG, PNG or TIFF image that is at least as wide as the selected page size (A4 or Letter).</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DATEN_WERDEN_GESICHERT</source>
+        <translation>Your data is being saved and synchronised right now. If you quit Velmora Rechnungen now, your latest changes may be lost or only transferred at the next start. It is best to wait a moment and then quit again.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DELETE</source>
+        <translation>Do you really want to delete the selected entries? This cannot be undone.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_ICLOUD</source>
+        <translation>Synchronisation could not be started. Please check your internet connection and that you are signed in to your cloud account, then try again later. Your data on this computer remains unchanged.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMAGETYPE_IMPORT_WARNING</source>
+        <translation>This file format is not supported. Please use a JPG, PNG or TIFF image.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_REALLY_IMPORT_DATABASE</source>
+        <translation>Importing deletes all documents, items, recipients and senders and replaces them with the contents of the backup. Synchronisation will be switched off, and Velmora Rechnungen will quit after the import. Do you want to continue?</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT</source>
+        <translation>To import items, first open the document that should receive them in the editor, then start the transfer again.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_UPDATE_DATABASE</source>
+        <translation>The data in the cloud comes from a newer version of Velmora Rechnungen. Please update Velmora Rechnungen on this computer so that synchronisation can continue.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_VERSANDTE_RECHNUNG_OEFFNEN</source>
+        <translation>This document has already been sent and can no longer be edited; its PDF stays exactly as it was sent. If you need to change something, duplicate the document and edit the copy.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_WHICH_DATABASE_TO_IMPORT</source>
+        <translation>Choose the backup (file extension .fks) that you want to import.</translation>
+    </message>
+    <message>
+        <source>DATABASE_EXPORT_PROBLEM</source>
+        <translation>The automatic backup could not be created. Please check that there is enough free disk space on your computer. Your data itself is not affected; a new backup will be made at the next start.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_PROBLEM</source>
+        <translation>The selected file is not a Velmora Rechnungen backup (file extension .fks). The previous data has already been removed. Start the import again and choose a valid backup, for example the automatic backup from the last start.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_SUCCESSFUL</source>
+        <translation>The backup has been imported. Velmora Rechnungen will now quit; the imported data will be available the next time you start it. Synchronisation is switched off and can be switched on again in the settings.</translation>
+    </message>
+    <!-- Store failures -->
+    <message>
+        <source>Failed to initialize the application's saved data</source>
+        <translation>Failed to initialize the application's saved data</translation>
+    </message>
+    <message>
+        <source>There was an error creating or loading the application's saved data.</source>
+        <translation>There was an error creating or loading the application's saved data.</translation>
+    </message>
+    <message>
+        <source>Expected a folder to store application data, found a file </source>
+        <extracomment>Followed by the path of the file and a full stop.</extracomment>
+        <translation>Expected a folder to store application data, found a file </translation>
+    </message>
+    <!-- Buttons -->
+    <message>
+        <source>BUTTON_TITLE_ABBRECHEN</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_CLOSE</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_DELETE</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_DUPLIZIEREN</source>
+        <translation>Duplicate</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_TROTZDEMBEENDEN</source>
+        <translation>Quit Anyway</translation>
+    </message>
+</context>
+</TS>
