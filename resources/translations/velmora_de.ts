@@ -439,6 +439,27 @@
         <extracomment>Followed by the path of the file and a full stop.</extracomment>
         <translation>Für die Programmdaten wird ein Ordner erwartet, gefunden wurde aber eine Datei: </translation>
     </message>
+    <!-- Object store errors (%1 the path of the store file, %2 the reason reported by the database) -->
+    <message>
+        <source>STORE_ERROR_CANNOT_OPEN</source>
+        <translation>Die Datenbank „%1“ konnte nicht geöffnet werden (%2). Bitte prüfe, ob ihr Ordner vorhanden und beschreibbar ist.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_NOT_A_STORE</source>
+        <translation>Die Datei „%1“ ist keine Datenbank von Velmora Rechnungen (%2). Sie wurde nicht verändert.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_DAMAGED</source>
+        <translation>Die Datenbank „%1“ ist beschädigt (%2). Du kannst deine Daten über den Import einer Datensicherung in den Einstellungen wiederherstellen.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_NEWER_VERSION</source>
+        <translation>Die Datenbank „%1“ wurde von einer neueren Version von Velmora Rechnungen angelegt (Datenbankversion %2). Bitte aktualisiere Velmora Rechnungen, um sie zu öffnen.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_SAVE_FAILED</source>
+        <translation>Deine Änderungen konnten nicht in der Datenbank „%1“ gespeichert werden (%2). Sie bleiben erhalten, bis das Speichern gelingt; bitte prüfe, ob genügend Speicherplatz frei ist.</translation>
+    </message>
     <!-- Buttons -->
     <message>
         <source>BUTTON_TITLE_ABBRECHEN</source>

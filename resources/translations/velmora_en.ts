@@ -439,6 +439,27 @@
         <extracomment>Followed by the path of the file and a full stop.</extracomment>
         <translation>Expected a folder to store application data, found a file </translation>
     </message>
+    <!-- Object store errors (%1 the path of the store file, %2 the reason reported by the database) -->
+    <message>
+        <source>STORE_ERROR_CANNOT_OPEN</source>
+        <translation>The database “%1” could not be opened (%2). Please check that its folder exists and is writable.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_NOT_A_STORE</source>
+        <translation>The file “%1” is not a Velmora Rechnungen database (%2). It has not been changed.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_DAMAGED</source>
+        <translation>The database “%1” is damaged (%2). You can restore your data by importing a backup in the settings.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_NEWER_VERSION</source>
+        <translation>The database “%1” was created by a newer version of Velmora Rechnungen (database version %2). Please update Velmora Rechnungen to open it.</translation>
+    </message>
+    <message>
+        <source>STORE_ERROR_SAVE_FAILED</source>
+        <translation>Your changes could not be saved to the database “%1” (%2). They are kept until saving succeeds; please check that there is enough free disk space.</translation>
+    </message>
     <!-- Buttons -->
     <message>
         <source>BUTTON_TITLE_ABBRECHEN</source>

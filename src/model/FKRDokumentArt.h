@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <optional>
@@ -13,15 +14,15 @@ inline std::optional<QString> nummernLabelSchluessel(qint64 code)
 {
     switch (code) {
     case 1:
-        return QStringLiteral("Anschreiben:");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Velmora", "Anschreiben:"));
     case 2:
-        return QStringLiteral("Angebot:");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Velmora", "Angebot:"));
     case 3:
-        return QStringLiteral("Rechnung:");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Velmora", "Rechnung:"));
     case 4:
-        return QStringLiteral("Honorarnote:");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Velmora", "Honorarnote:"));
     case 5:
-        return QStringLiteral("Mahnung:");
+        return QStringLiteral(QT_TRANSLATE_NOOP("Velmora", "Mahnung:"));
     default:
         return std::nullopt;
     }

@@ -142,9 +142,9 @@ void PersistentStoreCoordinator::addPersistentStore(const QString &path)
     const QFileInfo info(path);
     const bool exists = info.exists();
     if (exists && !info.isFile())
-        fail(StoreError::Kind::CannotOpen, "STORE_ERROR_CANNOT_OPEN", QStringLiteral("not a regular file"));
+        fail(StoreError::Kind::CannotOpen, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_CANNOT_OPEN"), QStringLiteral("not a regular file"));
     if (!m_db.open(path, !exists))
-        fail(StoreError::Kind::CannotOpen, "STORE_ERROR_CANNOT_OPEN", m_db.lastError());
+        fail(StoreError::Kind::CannotOpen, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_CANNOT_OPEN"), m_db.lastError());
     m_db.setBusyTimeout(5000);
     checkIsStore();
 }
@@ -163,16 +163,16 @@ void PersistentStoreCoordinator::checkIsStore()
             const int code = m_db.lastErrorCode() & 0xff;
             m_db.close();
             if (code == SQLITE_NOTADB)
-                fail(StoreError::Kind::NotAStore, "STORE_ERROR_NOT_A_STORE", m_db.lastError());
+                fail(StoreError::Kind::NotAStore, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_NOT_A_STORE"), m_db.lastError());
             if (code == SQLITE_CORRUPT)
-                fail(StoreError::Kind::Damaged, "STORE_ERROR_DAMAGED", m_db.lastError());
-            fail(StoreError::Kind::CannotOpen, "STORE_ERROR_CANNOT_OPEN", m_db.lastError());
+                fail(StoreError::Kind::Damaged, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_DAMAGED"), m_db.lastError());
+            fail(StoreError::Kind::CannotOpen, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_CANNOT_OPEN"), m_db.lastError());
         }
     }
     const bool fresh = tables.isEmpty();
     if (!fresh && !tables.contains(kMetadataTable)) {
         m_db.close();
-        fail(StoreError::Kind::NotAStore, "STORE_ERROR_NOT_A_STORE", QStringLiteral("no store metadata"));
+        fail(StoreError::Kind::NotAStore, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_NOT_A_STORE"), QStringLiteral("no store metadata"));
     }
     if (!fresh) {
         auto query = m_db.prepare(QStringLiteral("SELECT value FROM ") + kMetadataTable
@@ -182,17 +182,17 @@ void PersistentStoreCoordinator::checkIsStore()
             version = int(query->columnInt(0));
         if (!query || !query->ok()) {
             m_db.close();
-            fail(StoreError::Kind::Damaged, "STORE_ERROR_DAMAGED", m_db.lastError());
+            fail(StoreError::Kind::Damaged, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_DAMAGED"), m_db.lastError());
         }
         if (version > ManagedObjectModel::kSchemaVersion) {
             m_db.close();
-            fail(StoreError::Kind::NewerVersion, "STORE_ERROR_NEWER_VERSION", QString::number(version));
+            fail(StoreError::Kind::NewerVersion, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_NEWER_VERSION"), QString::number(version));
         }
     }
     // Every save must be on disk when it returns: a rollback journal and full syncs.
     if (!m_db.exec(QStringLiteral("PRAGMA journal_mode = DELETE")) || !m_db.exec(QStringLiteral("PRAGMA synchronous = FULL"))) {
         m_db.close();
-        fail(StoreError::Kind::CannotOpen, "STORE_ERROR_CANNOT_OPEN", m_db.lastError());
+        fail(StoreError::Kind::CannotOpen, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_CANNOT_OPEN"), m_db.lastError());
     }
     createOrMigrateSchema(fresh);
 }
@@ -207,7 +207,7 @@ void PersistentStoreCoordinator::createOrMigrateSchema(bool fresh)
         auto info = m_db.prepare(QStringLiteral("PRAGMA table_info(") + quoted(entity->name()) + QLatin1Char(')'));
         if (!info) {
             m_db.close();
-            fail(StoreError::Kind::Damaged, "STORE_ERROR_DAMAGED", m_db.lastError());
+            fail(StoreError::Kind::Damaged, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_DAMAGED"), m_db.lastError());
         }
         while (info->step())
             existing.insert(info->columnText(1));
@@ -243,21 +243,21 @@ void PersistentStoreCoordinator::createOrMigrateSchema(bool fresh)
                       + QStringLiteral(" (key, value) VALUES ('schemaVersion', '%1')").arg(ManagedObjectModel::kSchemaVersion);
     if (!m_db.exec(QStringLiteral("BEGIN IMMEDIATE"))) {
         m_db.close();
-        fail(StoreError::Kind::CannotOpen, "STORE_ERROR_CANNOT_OPEN", m_db.lastError());
+        fail(StoreError::Kind::CannotOpen, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_CANNOT_OPEN"), m_db.lastError());
     }
     for (const QString &sql : std::as_const(statements)) {
         if (!m_db.exec(sql)) {
             const QString error = m_db.lastError();
             m_db.exec(QStringLiteral("ROLLBACK"));
             m_db.close();
-            fail(StoreError::Kind::CannotOpen, "STORE_ERROR_CANNOT_OPEN", error);
+            fail(StoreError::Kind::CannotOpen, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_CANNOT_OPEN"), error);
         }
     }
     if (!m_db.exec(QStringLiteral("COMMIT"))) {
         const QString error = m_db.lastError();
         m_db.exec(QStringLiteral("ROLLBACK"));
         m_db.close();
-        fail(StoreError::Kind::CannotOpen, "STORE_ERROR_CANNOT_OPEN", error);
+        fail(StoreError::Kind::CannotOpen, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_CANNOT_OPEN"), error);
     }
 }
 
@@ -285,7 +285,7 @@ void PersistentStoreCoordinator::loadObjects(ManagedObjectContext &context)
         auto query = m_db.prepare(QStringLiteral("SELECT ") + columns.join(QStringLiteral(", ")) + QStringLiteral(" FROM ")
                                   + quoted(entity->name()));
         if (!query)
-            fail(StoreError::Kind::Damaged, "STORE_ERROR_DAMAGED", m_db.lastError());
+            fail(StoreError::Kind::Damaged, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_DAMAGED"), m_db.lastError());
         const auto &attributes = entity->attributes();
         QHash<qint64, ManagedObject *> &objects = byKey[entity->name()];
         while (query->step()) {
@@ -306,7 +306,7 @@ void PersistentStoreCoordinator::loadObjects(ManagedObjectContext &context)
             objects.insert(pk, object);
         }
         if (!query->ok())
-            fail(StoreError::Kind::Damaged, "STORE_ERROR_DAMAGED", m_db.lastError());
+            fail(StoreError::Kind::Damaged, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_DAMAGED"), m_db.lastError());
     }
     // Relationships are linked once every object exists; a reference to a row that is gone
     // leaves the relationship empty.
@@ -327,7 +327,7 @@ SqliteStatement &PersistentStoreCoordinator::statement(const QString &sql)
     if (it == m_statements.end()) {
         auto prepared = m_db.prepare(sql);
         if (!prepared)
-            fail(StoreError::Kind::SaveFailed, "STORE_ERROR_SAVE_FAILED", m_db.lastError());
+            fail(StoreError::Kind::SaveFailed, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_SAVE_FAILED"), m_db.lastError());
         it = m_statements.emplace(sql, std::move(*prepared)).first;
     }
     it->second.reset();
@@ -387,9 +387,9 @@ void PersistentStoreCoordinator::save(const QList<ManagedObject *> &inserted, co
                                       const QList<ManagedObject *> &deleted)
 {
     if (!m_db.isOpen())
-        fail(StoreError::Kind::SaveFailed, "STORE_ERROR_SAVE_FAILED", QStringLiteral("no store"));
+        fail(StoreError::Kind::SaveFailed, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_SAVE_FAILED"), QStringLiteral("no store"));
     if (!m_db.exec(QStringLiteral("BEGIN IMMEDIATE")))
-        fail(StoreError::Kind::SaveFailed, "STORE_ERROR_SAVE_FAILED", m_db.lastError());
+        fail(StoreError::Kind::SaveFailed, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_SAVE_FAILED"), m_db.lastError());
     try {
         for (const ManagedObject *object : deleted) {
             SqliteStatement &st = statement(QStringLiteral("DELETE FROM ") + quoted(object->entity().name())
@@ -407,7 +407,7 @@ void PersistentStoreCoordinator::save(const QList<ManagedObject *> &inserted, co
             throw StoreError(StoreError::Kind::SaveFailed, QString(), m_db.lastError());
     } catch (const StoreError &e) {
         m_db.exec(QStringLiteral("ROLLBACK"));
-        fail(StoreError::Kind::SaveFailed, "STORE_ERROR_SAVE_FAILED", e.detail());
+        fail(StoreError::Kind::SaveFailed, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_SAVE_FAILED"), e.detail());
     }
 }
 

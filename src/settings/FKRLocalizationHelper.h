@@ -20,12 +20,16 @@
 //                             %2 the rate as a formatted number without "%" (the text adds it),
 //                             %3 the discount amount, %4 the amount payable after the discount;
 //                             lokalisierterText(key, sprache).arg(datum, prozent, skonto, rest).
+//   "STORE_ERROR_…"           %1 the path of the store file, %2 the reason the database gave.
 // Some keys begin or end with a blank that the caller relies on when joining texts, for example
 // "PDF_EXPORT_SEITENNUMMER" ("Seite ", then the number), "Umsatzsteuer " (then the rate) and
 // " ist fällig am ". "Kopie" carries its own leading blank, because a duplicate's number is the
 // source number followed directly by it. Literal keys passed to lokalisierterText,
 // hauptTabellenText, QCoreApplication::translate with kContext, tr, QT_TR_NOOP and
-// QT_TRANSLATE_NOOP under src/ are checked against both tables by the test suite.
+// QT_TRANSLATE_NOOP under src/ are checked against both tables by the test suite; a key kept in
+// a variable or table should be marked with QT_TRANSLATE_NOOP and the context kContext spelled
+// out as "Velmora", so that the check sees it.
+// tr() inside a Q_OBJECT class looks in that class's context, not in kContext.
 class FKRLocalizationHelper
 {
 public:

@@ -1,6 +1,7 @@
 #include "QBDatumsTexte.h"
 
 #include "FKRLocalizationHelper.h"
+#include "QBBenutzerEinstellungen.h"
 #include "QBKalender.h"
 
 #include <unicode/dtptngen.h>
@@ -62,6 +63,11 @@ QString QBDatumsTexte::formattedShortDateAndTimeStringLocalFormat(const QDateTim
 QString QBDatumsTexte::formattedShortDateString(const QDateTime &date)
 {
     return formatiere(dateFormatterShortDate(), date);
+}
+
+QString QBDatumsTexte::formattedShortTimestampString(const QDateTime &date)
+{
+    return formattedShortTimestampString(date, QBBenutzerEinstellungen::sharedInstance()->zeitFormat24h());
 }
 
 QString QBDatumsTexte::formattedShortTimestampString(const QDateTime &date, bool zeitFormat24h)

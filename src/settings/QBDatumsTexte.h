@@ -21,9 +21,9 @@ public:
     // Short date only.
     static QString formattedShortDateString(const QDateTime &date);
 
-    // The time of day as the user wants it: "HH:mm" when zeitFormat24h is on, otherwise the
-    // locale's short time. Callers pass QBBenutzerEinstellungen::sharedInstance()'s
-    // zeitFormat24h(); the date utilities do not read the settings themselves.
+    // The time of day as the user wants it: "HH:mm" when the setting zeitFormat24h is on,
+    // otherwise the locale's short time. The second form takes the flag from the caller.
+    static QString formattedShortTimestampString(const QDateTime &date);
     static QString formattedShortTimestampString(const QDateTime &date, bool zeitFormat24h);
     static QString formattedShortTimestampString24hFormat(const QDateTime &date);
     static QString formattedShortTimestampStringLocalFormat(const QDateTime &date);

@@ -10,7 +10,6 @@
 #include <atomic>
 #include <cstdlib>
 #include <ostream>
-#include <string>
 #include <thread>
 #include <vector>
 
@@ -20,7 +19,7 @@ inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << tex
 
 namespace {
 
-// Switches the user's language for one test and puts the previous one back afterwards.
+// Each test may switch the user's language; the German default comes back afterwards.
 class UserLanguage : public ::testing::Test
 {
 protected:
@@ -28,43 +27,37 @@ protected:
     {
         QLocale::setDefault(saved);
         FKRLocalizationHelper::installiereHauptTabelle();
+        if (hadZone)
+            qputenv("TZ", savedZone);
+        else
+            qunsetenv("TZ");
     }
 
-    static void useLocale(QLocale::Language language, QLocale::Territory territory)
+    static void useLocale(QLocale::Language language, QLocale::Territory territory = QLocale::AnyTerritory)
     {
         QLocale::setDefault(QLocale(language, territory));
         FKRLocalizationHelper::installiereHauptTabelle();
     }
 
-    const QLocale saved;
-};
-
-// Kept in the German table only, so an English document has to fall back for it.
-const QString kNurDeutsch = QStringLiteral("PRUEFTEXT_NUR_DEUTSCH");
-const QString kUnbekannt = QStringLiteral("KEIN_SCHLUESSEL_IN_IRGENDEINER_TABELLE");
-
-QDateTime berlin(int year, int month, int day, int hour, int minute)
-{
-    return QDateTime(QDate(year, month, day), QTime(hour, minute), QTimeZone("Europe/Berlin"));
-}
-
-// Restores TZ when a test leaves, also when an expectation fails on the way.
-class ZoneGuard
-{
-public:
-    ZoneGuard() : had(std::getenv("TZ") != nullptr), old(had ? std::getenv("TZ") : "") {}
-    ~ZoneGuard()
+    static QString text(const char *key, std::optional<int> sprache)
     {
-        if (had)
-            setenv("TZ", old.c_str(), 1);
-        else
-            unsetenv("TZ");
+        return FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(key), sprache);
     }
 
-private:
-    bool had;
-    std::string old;
+    static QString datum(const QDateTime &date, DateStyle dateStyle, DateStyle timeStyle, std::optional<int> sprache)
+    {
+        return FKRLocalizationHelper::lokalisiertesDatum(date, dateStyle, timeStyle, sprache);
+    }
+
+    const QLocale saved;
+    const bool hadZone = qEnvironmentVariableIsSet("TZ");
+    const QByteArray savedZone = qgetenv("TZ");
 };
+
+QDateTime berlin(int day, int hour, int minute)
+{
+    return QDateTime(QDate(2026, 11, day), QTime(hour, minute), QTimeZone("Europe/Berlin"));
+}
 
 } // namespace
 
@@ -73,63 +66,48 @@ using DocumentLanguage = UserLanguage;
 TEST_F(DocumentLanguage, GermanAndEnglishTablesWinWhateverTheUserSpeaks)
 {
     for (const auto language : {QLocale::German, QLocale::English, QLocale::French}) {
-        useLocale(language, QLocale::AnyTerritory);
+        useLocale(language);
         SCOPED_TRACE(QLocale::languageToString(language).toStdString());
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Rechnung:"), 1), u"Rechnung:"_s);
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Rechnung:"), 2), u"Invoice:"_s);
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("PDF_EXPORT_SEITENNUMMER"), 1), u"Seite "_s);
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("PDF_EXPORT_SEITENNUMMER"), 2), u"Page "_s);
-        // Keys that are German words still get a real English text.
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Zwischensumme"), 2), u"Subtotal"_s);
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral(" Neuer Empfänger"), 2), u" New recipient"_s);
+        EXPECT_EQ(text("Rechnung:", 1), u"Rechnung:"_s);
+        EXPECT_EQ(text("Rechnung:", 2), u"Invoice:"_s);
+        EXPECT_EQ(text("PDF_EXPORT_SEITENNUMMER", 1), u"Seite "_s);
+        EXPECT_EQ(text(" Neuer Empfänger", 2), u" New recipient"_s);
     }
 }
 
 TEST_F(DocumentLanguage, KeyMissingFromTheDocumentTableFallsBackToTheUserLanguage)
 {
+    // This key is kept in the German table only.
     useLocale(QLocale::German, QLocale::Germany);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(kNurDeutsch, 2), u"Nur im deutschen Katalog"_s);
-
-    // An English user has no text for it either, so the key itself is what comes back.
+    EXPECT_EQ(text("PRUEFTEXT_NUR_DEUTSCH", 2), u"Nur im deutschen Katalog"_s);
     useLocale(QLocale::English, QLocale::UnitedStates);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(kNurDeutsch, 2), kNurDeutsch);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(kNurDeutsch, 1), u"Nur im deutschen Katalog"_s);
+    EXPECT_EQ(text("PRUEFTEXT_NUR_DEUTSCH", 2), u"PRUEFTEXT_NUR_DEUTSCH"_s);
+    EXPECT_EQ(text("PRUEFTEXT_NUR_DEUTSCH", 1), u"Nur im deutschen Katalog"_s);
 }
 
-TEST_F(DocumentLanguage, AbsentOrUnknownLanguageFollowsTheUser)
+TEST_F(DocumentLanguage, AbsentOrUnknownLanguageFollowsTheUserAndReinstallingSwitchesIt)
 {
     useLocale(QLocale::English, QLocale::UnitedKingdom);
-    for (const std::optional<int> sprache : {std::optional<int>(), std::optional<int>(0), std::optional<int>(3)}) {
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Angebot:"), sprache), u"Quote:"_s);
-        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("BUTTON_TITLE_ABBRECHEN"), sprache), u"Cancel"_s);
-    }
+    for (const std::optional<int> sprache : {std::optional<int>(), std::optional<int>(0), std::optional<int>(3)})
+        EXPECT_EQ(text("Angebot:", sprache), u"Quote:"_s);
+    EXPECT_EQ(QCoreApplication::translate(FKRLocalizationHelper::kContext, "BUTTON_TITLE_CLOSE"), u"Close"_s);
+
     useLocale(QLocale::German, QLocale::Austria);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Angebot:"), 3), u"Angebot:"_s);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QStringLiteral("BUTTON_TITLE_ABBRECHEN"), std::nullopt),
-              u"Abbrechen"_s);
-    // Any language other than German gets the English table.
+    EXPECT_EQ(text("Angebot:", 3), u"Angebot:"_s);
+    EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(u"BUTTON_TITLE_CLOSE"_s), u"Schließen"_s);
+
+    // Every language other than German gets the English table.
     useLocale(QLocale::French, QLocale::France);
-    EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(QStringLiteral("WOCHENTAG_MONTAG")), u"Monday"_s);
+    EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(u"WOCHENTAG_MONTAG"_s), u"Monday"_s);
 }
 
 TEST_F(DocumentLanguage, KeyMissingEverywhereComesBackUnchanged)
 {
     for (const auto language : {QLocale::German, QLocale::English}) {
-        useLocale(language, QLocale::AnyTerritory);
+        useLocale(language);
         for (const std::optional<int> sprache : {std::optional<int>(1), std::optional<int>(2), std::optional<int>()})
-            EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(kUnbekannt, sprache), kUnbekannt);
-        EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(QStringLiteral("Mahnung für: ä")), u"Mahnung für: ä"_s);
+            EXPECT_EQ(text("KEIN_SCHLUESSEL_Ä", sprache), u"KEIN_SCHLUESSEL_Ä"_s);
     }
-}
-
-TEST_F(DocumentLanguage, InstallingAgainReplacesTheMainTable)
-{
-    useLocale(QLocale::English, QLocale::UnitedStates);
-    EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(QStringLiteral("ALERT_TITLE_HINWEIS")), u"Note"_s);
-    EXPECT_EQ(QCoreApplication::translate(FKRLocalizationHelper::kContext, "BUTTON_TITLE_CLOSE"), u"Close"_s);
-    useLocale(QLocale::German, QLocale::Switzerland);
-    EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(QStringLiteral("ALERT_TITLE_HINWEIS")), u"Hinweis"_s);
-    EXPECT_EQ(QCoreApplication::translate(FKRLocalizationHelper::kContext, "BUTTON_TITLE_CLOSE"), u"Schließen"_s);
 }
 
 TEST(DocumentLanguageTables, ConcurrentFirstUseGivesEveryThreadTheFullTables)
@@ -144,9 +122,9 @@ TEST(DocumentLanguageTables, ConcurrentFirstUseGivesEveryThreadTheFullTables)
             while (ready.load() < 4) {
             }
             const int sprache = t % 2 + 1;
-            const QString expected = sprache == 1 ? QStringLiteral("Mahnung:") : QStringLiteral("Reminder:");
+            const QString expected = sprache == 1 ? u"Mahnung:"_s : u"Reminder:"_s;
             for (int i = 0; i < 200; ++i) {
-                if (FKRLocalizationHelper::lokalisierterText(QStringLiteral("Mahnung:"), sprache) != expected)
+                if (FKRLocalizationHelper::lokalisierterText(u"Mahnung:"_s, sprache) != expected)
                     ++wrong;
             }
         });
@@ -158,59 +136,44 @@ TEST(DocumentLanguageTables, ConcurrentFirstUseGivesEveryThreadTheFullTables)
 
 using DocumentDates = UserLanguage;
 
-TEST_F(DocumentDates, MediumDateInTheDocumentLanguage)
+TEST_F(DocumentDates, DocumentLanguageDecidesTheLocaleAndTheStylesAreHonoured)
 {
     useLocale(QLocale::French, QLocale::France);
-    const QDateTime date = berlin(2026, 11, 16, 12, 0);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::None, 1), u"16.11.2026"_s);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::None, 2), u"Nov 16, 2026"_s);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Short, DateStyle::Short, 1),
-              u"16.11.26, 12:00"_s);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::None, DateStyle::Short, 1), u"12:00"_s);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Long, DateStyle::None, 1),
-              u"16. November 2026"_s);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Full, DateStyle::None, 2),
-              u"Monday, November 16, 2026"_s);
+    const QDateTime date = berlin(16, 12, 0);
+    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, 1), u"16.11.2026"_s);
+    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, 2), u"Nov 16, 2026"_s);
+    EXPECT_EQ(datum(date, DateStyle::Short, DateStyle::Short, 1), u"16.11.26, 12:00"_s);
+    EXPECT_EQ(datum(date, DateStyle::None, DateStyle::Short, 1), u"12:00"_s);
+    EXPECT_EQ(datum(date, DateStyle::Long, DateStyle::None, 1), u"16. November 2026"_s);
+    EXPECT_EQ(datum(date, DateStyle::Full, DateStyle::None, 2), u"Monday, November 16, 2026"_s);
 }
 
 TEST_F(DocumentDates, AbsentOrUnknownLanguageUsesTheUserLocaleAtCallTime)
 {
-    const QDateTime date = berlin(2026, 11, 16, 12, 0);
+    const QDateTime date = berlin(16, 12, 0);
     useLocale(QLocale::English, QLocale::UnitedStates);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::None, std::nullopt),
-              u"Nov 16, 2026"_s);
+    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, std::nullopt), u"Nov 16, 2026"_s);
     useLocale(QLocale::German, QLocale::Germany);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::None, 3), u"16.11.2026"_s);
+    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, 3), u"16.11.2026"_s);
     useLocale(QLocale::English, QLocale::UnitedKingdom);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::None, std::nullopt),
-              u"16 Nov 2026"_s);
+    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, std::nullopt), u"16 Nov 2026"_s);
 }
 
 TEST_F(DocumentDates, DayFollowsTheTimeZoneInForceAtCallTime)
 {
-    const ZoneGuard guard;
     // 23:30 in Berlin is still the 16th in New York and already the 17th in Tokyo.
-    const QDateTime date = berlin(2026, 11, 16, 23, 30);
+    const QDateTime date = berlin(16, 23, 30);
     setenv("TZ", "Europe/Berlin", 1);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::Short, 1),
-              u"16.11.2026, 23:30"_s);
+    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::Short, 1), u"16.11.2026, 23:30"_s);
     setenv("TZ", "America/New_York", 1);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::Short, 1),
-              u"16.11.2026, 17:30"_s);
+    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::Short, 1), u"16.11.2026, 17:30"_s);
     setenv("TZ", "Asia/Tokyo", 1);
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(date, DateStyle::Medium, DateStyle::None, 1), u"17.11.2026"_s);
-    // A date given in another zone is the same instant, printed in the current zone.
-    const QDateTime utc = date.toUTC();
-    EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(utc, DateStyle::None, DateStyle::Short, 1), u"07:30"_s);
+    EXPECT_EQ(datum(date.toUTC(), DateStyle::Medium, DateStyle::Short, 1), u"17.11.2026, 07:30"_s);
 }
 
 TEST_F(DocumentDates, NothingToPrintGivesTheEmptyText)
 {
-    EXPECT_TRUE(FKRLocalizationHelper::lokalisiertesDatum(QDateTime(), DateStyle::Medium, DateStyle::None, 1).isEmpty());
-    EXPECT_TRUE(FKRLocalizationHelper::lokalisiertesDatum(QDateTime(QDate(2026, 2, 30), QTime(10, 0)),
-                                                          DateStyle::Medium, DateStyle::None, 2)
-                    .isEmpty());
-    EXPECT_TRUE(FKRLocalizationHelper::lokalisiertesDatum(berlin(2026, 11, 16, 12, 0), DateStyle::None,
-                                                          DateStyle::None, 1)
-                    .isEmpty());
+    EXPECT_EQ(datum(QDateTime(), DateStyle::Medium, DateStyle::None, 1), QString());
+    EXPECT_EQ(datum(QDateTime(QDate(2026, 2, 30), QTime(10, 0)), DateStyle::Medium, DateStyle::None, 2), QString());
+    EXPECT_EQ(datum(berlin(16, 12, 0), DateStyle::None, DateStyle::None, 1), QString());
 }

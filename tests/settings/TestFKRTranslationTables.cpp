@@ -146,8 +146,9 @@ TEST(TranslationTables, EveryKeyTheCodeUsesIsInBothTables)
 {
     const QMap<QString, QString> used = schluesselImQuelltext();
     for (auto it = used.cbegin(); it != used.cend(); ++it) {
-        EXPECT_TRUE(deutsch().contains(it.key())) << "German table lacks \"" << s(it.key()) << "\" (" << s(it.value()) << ")";
-        EXPECT_TRUE(englisch().contains(it.key())) << "English table lacks \"" << s(it.key()) << "\" (" << s(it.value()) << ")";
+        const std::string where = '"' + s(it.key()) + "\" used in " + s(it.value());
+        EXPECT_TRUE(deutsch().contains(it.key())) << "German table lacks " << where;
+        EXPECT_TRUE(englisch().contains(it.key())) << "English table lacks " << where;
     }
 }
 
@@ -165,8 +166,8 @@ TEST(TranslationTables, BothTablesHaveTheSameKeysAndEveryEntryIsFinished)
     const QSet<QString> beide = nurDeutsch & nurEnglisch;
     nurDeutsch -= beide;
     nurEnglisch -= beide;
-    EXPECT_EQ(nurDeutsch, QSet<QString>{kNurDeutsch}) << "German only: " << s(QStringList(nurDeutsch.values()).join(u" | "));
-    EXPECT_TRUE(nurEnglisch.isEmpty()) << "English only: " << s(QStringList(nurEnglisch.values()).join(u" | "));
+    EXPECT_EQ(nurDeutsch, QSet<QString>{kNurDeutsch}) << "German only: " << s(nurDeutsch.values().join(u" | "));
+    EXPECT_TRUE(nurEnglisch.isEmpty()) << "English only: " << s(nurEnglisch.values().join(u" | "));
 }
 
 TEST(TranslationTables, TextsKeepTheBlanksAndPlaceholdersTheirCallersRelyOn)

@@ -1,5 +1,6 @@
 #include "FKRLocalizationHelper.h"
 #include "QBAdditions.h"
+#include "QBBenutzerEinstellungen.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -163,6 +164,13 @@ TEST_F(QBAdditionsTest, ShortTextsAndComponents)
     EXPECT_EQ(s(QBAdditions::formattedShortTimestampString(abend, false)), "9:05" NNBSP "PM");
     EXPECT_EQ(s(QBAdditions::formattedShortTimestampString(abend, true)), "21:05");
     EXPECT_EQ(s(QBAdditions::formattedShortTimestampString(morgen, true)), "09:05");
+    QBBenutzerEinstellungen &einstellungen = *QBBenutzerEinstellungen::sharedInstance();
+    const bool gespeichert = einstellungen.zeitFormat24h();
+    einstellungen.setZeitFormat24h(true);
+    EXPECT_EQ(s(QBAdditions::formattedShortTimestampString(abend)), "21:05");
+    einstellungen.setZeitFormat24h(false);
+    EXPECT_EQ(s(QBAdditions::formattedShortTimestampString(abend)), "9:05" NNBSP "PM");
+    einstellungen.setZeitFormat24h(gespeichert);
     const QString felder = QBAdditions::yearComponentForDate(morgen) + QBAdditions::monthComponentForDate(morgen)
         + QBAdditions::dayComponentForDate(morgen) + QBAdditions::hourComponentForDate(abend)
         + QBAdditions::minuteComponentForDate(morgen);

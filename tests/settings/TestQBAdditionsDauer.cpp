@@ -29,8 +29,16 @@ QDateTime um(const char *isoText)
 struct InBerlin
 {
     QByteArray vorher = qgetenv("TZ");
-    InBerlin() { qputenv("TZ", "Europe/Berlin"), tzset(); }
-    ~InBerlin() { qputenv("TZ", vorher), tzset(); }
+    InBerlin()
+    {
+        qputenv("TZ", "Europe/Berlin");
+        tzset();
+    }
+    ~InBerlin()
+    {
+        qputenv("TZ", vorher);
+        tzset();
+    }
 };
 
 std::string uhr(const QDateTime &date)
