@@ -320,6 +320,34 @@ Decimal Decimal::rounded(int scale, Rounding mode) const
     if (m_nan || m_coefficient == 0 || -m_exponent <= scale)
         return *this;
     const unsigned long drop = static_cast<unsigned long>(-m_exponent - scale);
+    if (drop <= unsigned(kMaxDigits) && -scale <= kMaxExponent) {
+        // Cent rounding runs for every item line: keep it on machine integers.
+        const UInt128 divisor = kPow10[drop];
+        const UInt128 m = magnitude(m_coefficient);
+        UInt128 q = m / divisor;
+        const UInt128 r = m % divisor;
+        bool up = false;
+        if (r != 0) {
+            switch (mode) {
+            case Rounding::Down:
+                break;
+            case Rounding::Up:
+                up = true;
+                break;
+            case Rounding::HalfAwayFromZero:
+            case Rounding::HalfEven: {
+                const UInt128 twice = r * 2; // r < 10^38, so this cannot wrap
+                up = twice > divisor || (twice == divisor && (mode == Rounding::HalfAwayFromZero || (q & 1) != 0));
+                break;
+            }
+            }
+        }
+        if (up)
+            ++q; // at most 10^38 - 1 + 1 digits; normalize strips the zeros of 10^38
+        const Int128 signedQ = m_coefficient < 0 ? -Int128(q) : Int128(q);
+        if (q < kPow10[kMaxDigits])
+            return Decimal(signedQ, -scale, false);
+    }
     return Decimal(roundAway(toMpz(m_coefficient), drop, mode, false), long(-scale));
 }
 

@@ -25,6 +25,20 @@ Decimal positiverAnteil(const Decimal &steuer, const std::optional<Decimal> &sat
         return steuer * *satz;
     return Decimal();
 }
+
+// Discount or surcharge of an item sum: the fraction's share, cent-rounded. The composite amounts
+// hand in the item sum they already have, so that one read walks the items as few times as
+// possible; nothing is kept beyond the call.
+Decimal anteilAn(const Decimal &postenSumme, const std::optional<Decimal> &satz, const char *name)
+{
+    return cent(postenSumme * pflichtWert(satz, name));
+}
+
+// The cash discount of a total: cent-rounded, then currency-rounded.
+Decimal skontoVon(const FKRRechnung &rechnung, const Decimal &summe)
+{
+    return rechnung.waehrungsRundung(cent(summe * pflichtWert(rechnung.skonto(), "skonto")));
+}
 } // namespace
 
 Decimal FKRRechnung::waehrungsRundung(const Decimal &betrag) const
@@ -55,21 +69,22 @@ Decimal FKRRechnung::rabattBetrag() const
 {
     if (!hatPostenBeziehung())
         return Decimal();
-    return cent(postenSumme() * pflichtWert(rabatt(), "rabatt"));
+    return anteilAn(postenSumme(), rabatt(), "rabatt");
 }
 
 Decimal FKRRechnung::zuschlagBetrag() const
 {
     if (!hatPostenBeziehung())
         return Decimal();
-    return cent(postenSumme() * pflichtWert(zuschlag(), "zuschlag"));
+    return anteilAn(postenSumme(), zuschlag(), "zuschlag");
 }
 
 Decimal FKRRechnung::nettoSumme() const
 {
     if (!hatPostenBeziehung())
         return Decimal();
-    return waehrungsRundung(postenSumme() + zuschlagBetrag() - rabattBetrag());
+    const Decimal summe = postenSumme();
+    return waehrungsRundung(summe + anteilAn(summe, zuschlag(), "zuschlag") - anteilAn(summe, rabatt(), "rabatt"));
 }
 
 QList<QPair<QString, Decimal>> FKRRechnung::umsatzsteuerJeSatz() const
@@ -80,9 +95,20 @@ QList<QPair<QString, Decimal>> FKRRechnung::umsatzsteuerJeSatz() const
     if (!hatPostenBeziehung() || alle.isEmpty())
         return {{dokumentLabel, Decimal()}};
     QList<QPair<QString, Decimal>> jeSatz;
+    // A label costs a locale-aware number formatter; a document has many items but few rates,
+    // so each distinct rate is formatted once per call (equal decimals give equal labels).
+    QList<QPair<Decimal, QString>> labelJeProzent;
+    auto labelFuer = [&](const Decimal &prozent) {
+        for (const auto &[bekannt, label] : labelJeProzent) {
+            if (bekannt == prozent)
+                return label;
+        }
+        labelJeProzent.append({prozent, FKRBetragsFormat::mwStSatzText(prozent, locale)});
+        return labelJeProzent.last().second;
+    };
     for (const FKRPosten *p : alle) {
         const Decimal prozent = p->mwStSatzInProzent();
-        const QString label = prozent.isZero() ? dokumentLabel : FKRBetragsFormat::mwStSatzText(prozent, locale);
+        const QString label = prozent.isZero() ? dokumentLabel : labelFuer(prozent);
         const Decimal betrag = p->mwStBetrag(*this);
         auto it = std::find_if(jeSatz.begin(), jeSatz.end(), [&](const auto &e) { return e.first == label; });
         if (it != jeSatz.end())
@@ -118,12 +144,14 @@ Decimal FKRRechnung::skontoBetrag() const
 {
     if (!hatPostenBeziehung())
         return Decimal();
-    return waehrungsRundung(cent(rechnungsSumme() * pflichtWert(skonto(), "skonto")));
+    return skontoVon(*this, rechnungsSumme());
 }
 
 Decimal FKRRechnung::rechnungsSummeAbzueglichSkonto() const
 {
     if (!hatPostenBeziehung())
         return Decimal();
-    return waehrungsRundung(rechnungsSumme() - skontoBetrag());
+    // The cash discount of the same total, without computing the total a second time.
+    const Decimal summe = rechnungsSumme();
+    return waehrungsRundung(summe - skontoVon(*this, summe));
 }

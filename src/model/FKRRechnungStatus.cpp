@@ -2,6 +2,7 @@
 #include "FKRDokumentArt.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRRechnung.h"
+#include "FKRUhr.h"
 #include "QBAdditions.h"
 
 #include <QTimeZone>
@@ -26,7 +27,7 @@ bool FKRRechnung::isFaellig() const
     if (!faellig || bezahlt() != false)
         return false;
     // Due all day long: from the first second of the due day, not only from its hour.
-    const QDateTime tagesende = QBAdditions::endOfTheDay(QDateTime::currentDateTime());
+    const QDateTime tagesende = QBAdditions::endOfTheDay(FKRUhr::jetzt());
     return tagesende.isValid() && *faellig < tagesende;
 }
 
@@ -41,7 +42,7 @@ std::optional<QDateTime> FKRRechnung::erinnerungsDatum() const
     const auto faellig = faelligkeitsDatum();
     if (!faellig)
         return std::nullopt;
-    const QDateTime jetzt = QDateTime::currentDateTime();
+    const QDateTime jetzt = FKRUhr::jetzt();
     const QDateTime amFaelligkeitstag = zehnUhrAm(*faellig);
     if (amFaelligkeitstag >= jetzt)
         return amFaelligkeitstag;

@@ -54,6 +54,9 @@ const AttributeValue &ManagedObject::loadedValue(int slot) const
 
 void ManagedObject::storeValue(int slot, AttributeValue value)
 {
+    // NaN is not an amount; a value that is not a number is no value at all.
+    if (const Decimal *d = std::get_if<Decimal>(&value); d && d->isNaN())
+        value = std::monostate();
     AttributeValue &current = m_values[std::size_t(slot)];
     if (!std::holds_alternative<BlobFault>(current) && current == value)
         return;
@@ -210,8 +213,13 @@ void ManagedObject::setToOne(const QString &name, ManagedObject *object)
     if (rel < 0 || m_entity.relationships()[std::size_t(rel)].toMany)
         throw std::logic_error("no to-one relationship " + name.toStdString());
     const RelationshipDescription &description = m_entity.relationships()[std::size_t(rel)];
-    if (object && (object->entity().name() != description.destinationEntity || object->m_context != m_context))
-        throw std::logic_error("relationship " + name.toStdString() + " to a foreign object");
+    // A reference to an object of another kind, another context or one already deleted would
+    // be written as a dangling key; it is refused and the relationship stays as it was.
+    if (object && (object->entity().name() != description.destinationEntity || object->m_context != m_context
+                   || object->m_deleted)) {
+        qWarning("Refused to set relationship %s to a foreign or deleted object", qPrintable(name));
+        return;
+    }
     ManagedObject *old = m_toOne[std::size_t(rel)];
     if (old == object)
         return;

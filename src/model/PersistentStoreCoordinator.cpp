@@ -126,7 +126,11 @@ PersistentStoreCoordinator::~PersistentStoreCoordinator()
 
 void PersistentStoreCoordinator::fail(StoreError::Kind kind, const char *messageKey, const QString &detail) const
 {
-    const QString message = FKRLocalizationHelper::hauptTabellenText(QString::fromLatin1(messageKey)).arg(m_path, detail);
+    const QString key = QString::fromLatin1(messageKey);
+    QString message = FKRLocalizationHelper::hauptTabellenText(key);
+    // Without a loaded table the key comes back; the path and reason must still reach the user.
+    message = message == key ? key + QStringLiteral(": %1 (%2)") : message;
+    message = message.arg(m_path, detail);
     throw StoreError(kind, message, detail);
 }
 
@@ -274,9 +278,10 @@ void PersistentStoreCoordinator::loadObjects(ManagedObjectContext &context)
     for (const auto &entity : m_model.entities()) {
         QStringList columns{QStringLiteral("\"pk\"")};
         for (const AttributeDescription &attribute : entity->attributes()) {
-            // Images and frozen PDFs stay on disk until someone looks at them.
+            // Images and frozen PDFs stay on disk until someone looks at them; the load only
+            // asks whether there are bytes (1) or none (0).
             columns << (attribute.kind == AttributeKind::Binary
-                            ? QStringLiteral("(") + quoted(attribute.name) + QStringLiteral(" IS NULL) - 1")
+                            ? QStringLiteral("(") + quoted(attribute.name) + QStringLiteral(" IS NOT NULL)")
                             : quoted(attribute.name));
         }
         const QStringList fks = foreignKeyColumns(*entity);
@@ -294,7 +299,7 @@ void PersistentStoreCoordinator::loadObjects(ManagedObjectContext &context)
             for (std::size_t i = 0; i < attributes.size(); ++i) {
                 const int column = int(i) + 1;
                 if (attributes[i].kind == AttributeKind::Binary)
-                    object->setPrimitiveValue(int(i), query->columnInt(column) == 0 ? AttributeValue(BlobFault{}) : AttributeValue());
+                    object->setPrimitiveValue(int(i), query->columnInt(column) != 0 ? AttributeValue(BlobFault{}) : AttributeValue());
                 else
                     object->setPrimitiveValue(int(i), readColumn(*query, column, attributes[i].kind));
             }

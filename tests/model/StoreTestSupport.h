@@ -1,0 +1,186 @@
+#pragma once
+
+// Helpers shared by the store tests: a store opened the way the application opens it, a second
+// raw SQLite connection (another process holding the file, a user poking at it), and file
+// snapshots to prove that a refused file was left alone.
+
+#include "FKRAbsender.h"
+#include "FKREmpfaenger.h"
+#include "FKRPosten.h"
+#include "FKRRechnung.h"
+#include "ManagedObjectContext.h"
+#include "PersistentStoreCoordinator.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <memory>
+#include <ostream>
+
+inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const Decimal &number, std::ostream *out) { *out << number.toString(); }
+
+namespace storetest {
+
+// Coordinator and context of one store file; the context goes first, as in the application.
+struct OpenStore {
+    std::unique_ptr<PersistentStoreCoordinator> coordinator;
+    std::unique_ptr<ManagedObjectContext> context;
+
+    explicit OpenStore(const QString &path)
+        : coordinator(std::make_unique<PersistentStoreCoordinator>())
+    {
+        coordinator->addPersistentStore(path);
+        context = std::make_unique<ManagedObjectContext>(coordinator.get());
+    }
+    ~OpenStore()
+    {
+        context.reset();
+        coordinator.reset();
+    }
+    ManagedObjectContext &moc() { return *context; }
+
+    template<typename T>
+    T *only()
+    {
+        const auto all = context->fetch<T>();
+        EXPECT_EQ(all.size(), 1);
+        return all.isEmpty() ? nullptr : all.first();
+    }
+    ManagedObject *byIdentifier(const QString &entity, const QString &identifier)
+    {
+        const auto found = context->executeFetchRequest({entity, [&](const ManagedObject &o) {
+            return o.value(QStringLiteral("uniqueIdentifier")).toString() == identifier;
+        }, {}});
+        EXPECT_EQ(found.size(), 1) << identifier.toStdString();
+        return found.isEmpty() ? nullptr : found.first();
+    }
+};
+
+// A second connection to the file, independent of the store code under test.
+class RawSql
+{
+public:
+    explicit RawSql(const QString &path, bool create = false)
+    {
+        const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+        if (sqlite3_open_v2(path.toUtf8().constData(), &m_db, flags, nullptr) != SQLITE_OK)
+            ADD_FAILURE() << "cannot open " << path.toStdString();
+    }
+    ~RawSql() { sqlite3_close_v2(m_db); }
+    RawSql(const RawSql &) = delete;
+    RawSql &operator=(const RawSql &) = delete;
+
+    bool exec(const char *sql)
+    {
+        char *message = nullptr;
+        const int rc = sqlite3_exec(m_db, sql, nullptr, nullptr, &message);
+        if (rc != SQLITE_OK)
+            m_lastError = message ? message : sqlite3_errstr(rc);
+        sqlite3_free(message);
+        return rc == SQLITE_OK;
+    }
+    void mustExec(const char *sql) { ASSERT_TRUE(exec(sql)) << sql << ": " << m_lastError; }
+
+    // First column of the first row as text; "<null>" for NULL, "<none>" without a row.
+    QString text(const QString &sql)
+    {
+        sqlite3_stmt *st = nullptr;
+        if (sqlite3_prepare_v2(m_db, sql.toUtf8().constData(), -1, &st, nullptr) != SQLITE_OK) {
+            ADD_FAILURE() << sql.toStdString() << ": " << sqlite3_errmsg(m_db);
+            return {};
+        }
+        QString result = QStringLiteral("<none>");
+        if (sqlite3_step(st) == SQLITE_ROW) {
+            result = sqlite3_column_type(st, 0) == SQLITE_NULL
+                         ? QStringLiteral("<null>")
+                         : QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)),
+                                             sqlite3_column_bytes(st, 0));
+        }
+        sqlite3_finalize(st);
+        return result;
+    }
+    qint64 number(const QString &sql) { return text(sql).toLongLong(); }
+    QStringList columns(const QString &table)
+    {
+        QStringList names;
+        sqlite3_stmt *st = nullptr;
+        sqlite3_prepare_v2(m_db, ("PRAGMA table_info(\"" + table + "\")").toUtf8().constData(), -1, &st, nullptr);
+        while (st && sqlite3_step(st) == SQLITE_ROW)
+            names << QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 1)));
+        sqlite3_finalize(st);
+        return names;
+    }
+    const std::string &lastError() const { return m_lastError; }
+
+private:
+    sqlite3 *m_db = nullptr;
+    std::string m_lastError;
+};
+
+// The bytes of a string literal, embedded zero bytes included.
+template<std::size_t N>
+QByteArray bytes(const char (&literal)[N])
+{
+    return QByteArray(literal, qsizetype(N - 1));
+}
+
+inline QByteArray fileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+// Side files that the rollback journal in DELETE mode never leaves behind.
+inline QStringList sideFiles(const QString &storePath)
+{
+    QStringList present;
+    for (const char *suffix : {"-journal", "-wal", "-shm"}) {
+        if (QFile::exists(storePath + QLatin1String(suffix)))
+            present << storePath + QLatin1String(suffix);
+    }
+    return present;
+}
+
+// Readable rendering of an attribute value for failure messages.
+inline std::string describe(const QVariant &v)
+{
+    if (!v.isValid())
+        return "<absent>";
+    if (v.metaType() == QMetaType::fromType<Decimal>())
+        return "Decimal " + v.value<Decimal>().toString();
+    if (v.metaType() == QMetaType::fromType<QByteArray>()) {
+        const QByteArray b = v.toByteArray();
+        return "bytes[" + std::to_string(b.size()) + "] "
+               + (b.size() <= 32 ? b.toHex() : "sha1 " + QCryptographicHash::hash(b, QCryptographicHash::Sha1).toHex().left(12))
+                     .toStdString();
+    }
+    if (v.metaType() == QMetaType::fromType<QDateTime>())
+        return "date " + v.toDateTime().toUTC().toString(Qt::ISODateWithMs).toStdString();
+    return std::string(v.typeName()) + " " + v.toString().toStdString();
+}
+
+// Every stored attribute of `a` equals that of `b` (absent equals absent only).
+inline void expectSameAttributes(const ManagedObject &a, const ManagedObject &b)
+{
+    for (const AttributeDescription &attribute : a.entity().attributes()) {
+        const QVariant va = a.value(attribute.name);
+        const QVariant vb = b.value(attribute.name);
+        EXPECT_TRUE(va.isValid() == vb.isValid() && va == vb)
+            << a.entity().name().toStdString() << "." << attribute.name.toStdString() << ": " << describe(va)
+            << " became " << describe(vb);
+    }
+}
+
+} // namespace storetest

@@ -1,0 +1,178 @@
+// Types, the due test, reminder times and number texts of a document. "Now" is a fixed moment
+// (FKRUhr), so "due yesterday" and "asked at 09:30" hold on every run; the suite runs in
+// Europe/Berlin.
+#include "FKRLocalizationHelper.h"
+#include "FKRRechnung.h"
+#include "FKRUhr.h"
+#include "ManagedObjectContext.h"
+
+#include <QLocale>
+#include <QTimeZone>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <ostream>
+
+using namespace Qt::Literals::StringLiterals;
+
+inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QDateTime &date, std::ostream *out) { *out << date.toString(Qt::ISODate).toStdString(); }
+
+namespace {
+
+QDateTime berlin(int monat, int tag, int stunde, int minute = 0, int sekunde = 0)
+{
+    return QDateTime(QDate(2026, monat, tag), QTime(stunde, minute, sekunde), QTimeZone("Europe/Berlin"));
+}
+
+QDateTime iso(const char *text)
+{
+    return QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
+}
+
+class Status : public ::testing::Test
+{
+protected:
+    void TearDown() override
+    {
+        FKRUhr::laufeWeiter();
+        QLocale::setDefault(m_locale);
+        FKRLocalizationHelper::installiereHauptTabelle();
+    }
+
+    FKRRechnung *dokument(std::optional<QDateTime> faellig = std::nullopt, qint64 sprache = 1,
+                          std::optional<QString> nummer = std::nullopt)
+    {
+        auto *r = m_context.insertNewObject<FKRRechnung>();
+        r->setFaelligkeitsDatum(faellig);
+        r->setSprache(sprache);
+        r->setRechnungsNummer(nummer);
+        return r;
+    }
+
+    ManagedObjectContext m_context;
+    const QLocale m_locale;
+};
+
+TEST_F(Status, ExactlyOneTypeTestHoldsForTheCodesOneToFive)
+{
+    FKRRechnung *r = dokument();
+    auto tests = [r] {
+        return std::array{r->isAnschreiben(), r->isAngebot(), r->isRechnung(), r->isHonorarnote(), r->isMahnung()};
+    };
+    for (int code = 1; code <= 5; ++code) {
+        r->setDokumentArt(Decimal(code));
+        std::array<bool, 5> erwartet{};
+        erwartet[std::size_t(code - 1)] = true;
+        EXPECT_EQ(tests(), erwartet) << code;
+    }
+    for (const std::optional<Decimal> &code : {std::optional(Decimal(7)), std::optional(Decimal(0)), std::optional<Decimal>()}) {
+        r->setDokumentArt(code);
+        EXPECT_EQ(tests(), (std::array<bool, 5>{}));
+    }
+}
+
+TEST_F(Status, UnpaidDocumentIsDueFromTheStartOfItsDueDay)
+{
+    FKRUhr::halteAn(berlin(5, 12, 14));
+    FKRRechnung *gestern = dokument(berlin(5, 11, 18));
+    EXPECT_TRUE(gestern->isFaellig());
+    gestern->setVersandt(true);
+    EXPECT_TRUE(gestern->isFaellig());
+    gestern->setBezahlt(true);
+    EXPECT_FALSE(gestern->isFaellig());
+    gestern->setBezahlt(std::nullopt); // only "exactly false" is unpaid
+    EXPECT_FALSE(gestern->isFaellig());
+    EXPECT_FALSE(dokument()->isFaellig());
+    EXPECT_EQ(dokument()->erinnerungsDatum(), std::nullopt);
+
+    // Due today at 23:59: due from 00:00 today, not a second before.
+    FKRRechnung *heute = dokument(berlin(5, 12, 23, 59));
+    FKRUhr::halteAn(berlin(5, 12, 0));
+    EXPECT_TRUE(heute->isFaellig());
+    FKRUhr::halteAn(berlin(5, 11, 23, 59, 59));
+    EXPECT_FALSE(heute->isFaellig());
+    // The day ends at midnight in Berlin: 22:30 UTC on the 12th is already the 13th.
+    FKRUhr::halteAn(berlin(5, 12, 14));
+    EXPECT_TRUE(dokument(iso("2026-05-12T21:30:00Z"))->isFaellig());
+    EXPECT_FALSE(dokument(iso("2026-05-12T22:30:00Z"))->isFaellig());
+}
+
+TEST_F(Status, ReminderIsTenOClockOnTheDueDayOrTheNextTenOClock)
+{
+    FKRUhr::halteAn(berlin(5, 12, 14));
+    EXPECT_EQ(dokument(berlin(5, 15, 16))->erinnerungsDatum(), berlin(5, 15, 10));
+
+    FKRRechnung *gestern = dokument(berlin(5, 11, 18));
+    FKRRechnung *heute = dokument(berlin(5, 12, 8));
+    FKRUhr::halteAn(berlin(5, 12, 9, 30));
+    EXPECT_EQ(gestern->erinnerungsDatum(), berlin(5, 12, 10));
+    EXPECT_EQ(heute->erinnerungsDatum(), berlin(5, 12, 10));
+    FKRUhr::halteAn(berlin(5, 12, 10));
+    EXPECT_EQ(gestern->erinnerungsDatum(), berlin(5, 13, 10));
+    EXPECT_EQ(heute->erinnerungsDatum(), berlin(5, 12, 10)); // not before now: still today
+
+    // Across the spring change "tomorrow 10:00" is 22 hours after 11:00, at 08:00 UTC.
+    FKRUhr::halteAn(berlin(3, 28, 11));
+    EXPECT_EQ(dokument(berlin(3, 27, 12))->erinnerungsDatum(), iso("2026-03-29T08:00:00Z"));
+    // In the repeated autumn hour (02:30 CET = 01:30 UTC) 10:00 is CET again.
+    EXPECT_EQ(FKRRechnung::zehnUhrAm(iso("2026-10-25T01:30:00Z")), iso("2026-10-25T09:00:00Z"));
+    // The calendar day is Berlin's: 23:30 UTC on 30 June is 1 July there.
+    EXPECT_EQ(FKRRechnung::zehnUhrAm(iso("2026-06-30T23:30:00Z")), berlin(7, 1, 10));
+}
+
+TEST_F(Status, NumberTextsAreInTheDocumentsLanguage)
+{
+    // An English desktop changes none of them.
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    FKRLocalizationHelper::installiereHauptTabelle();
+
+    FKRRechnung *neu = dokument(); // invoice
+    neu->setzeNummerFuerNeuesDokument();
+    EXPECT_EQ(neu->rechnungsNummer(), u"Rechnung: "_s);
+    FKRRechnung *quote = dokument(std::nullopt, 2);
+    quote->setDokumentArt(Decimal(2));
+    quote->setzeNummerFuerNeuesDokument();
+    EXPECT_EQ(quote->rechnungsNummer(), u"Quote: "_s);
+    quote->setDokumentArt(Decimal(7)); // no label: the number stays
+    quote->setzeNummerFuerNeuesDokument();
+    EXPECT_EQ(quote->rechnungsNummer(), u"Quote: "_s);
+
+    const FKRRechnung *quelle = dokument(std::nullopt, 1, u"Rechnung: 2026-001"_s);
+    FKRRechnung *kopie = dokument();
+    kopie->setzeNummerAlsKopieVon(*quelle);
+    EXPECT_EQ(kopie->rechnungsNummer(), u"Rechnung: 2026-001 Kopie"_s);
+    FKRRechnung *copy = dokument(std::nullopt, 2); // the copy's language counts
+    copy->setzeNummerAlsKopieVon(*quelle);
+    EXPECT_EQ(copy->rechnungsNummer(), u"Rechnung: 2026-001 Copy"_s);
+
+    FKRRechnung *mahnung = dokument();
+    mahnung->setzeNummerAlsMahnungZu(*quelle);
+    EXPECT_EQ(mahnung->rechnungsNummer(), u"Mahnung für: Rechnung: 2026-001"_s);
+    EXPECT_TRUE(mahnung->isMahnung());
+}
+
+TEST_F(Status, TypeChangeExchangesTheLabelAndKeepsTheNumber)
+{
+    FKRRechnung *r = dokument(std::nullopt, 1, u"Rechnung: 2026-001"_s);
+    r->wechsleDokumentArt(Decimal(2));
+    EXPECT_EQ(r->rechnungsNummer(), u"Angebot: 2026-001"_s);
+    EXPECT_TRUE(r->isAngebot());
+    r->wechsleDokumentArt(Decimal(7)); // the label goes, its blank stays
+    EXPECT_EQ(r->rechnungsNummer(), u" 2026-001"_s);
+
+    // An English document knows the English labels only.
+    FKRRechnung *en = dokument(std::nullopt, 2, u"Invoice: 2026-001"_s);
+    en->wechsleDokumentArt(Decimal(2));
+    EXPECT_EQ(en->rechnungsNummer(), u"Quote: 2026-001"_s);
+    FKRRechnung *gemischt = dokument(std::nullopt, 2, u"Rechnung: 2026-001"_s);
+    gemischt->wechsleDokumentArt(Decimal(2));
+    EXPECT_EQ(gemischt->rechnungsNummer(), u"Rechnung: 2026-001"_s);
+
+    FKRRechnung *ohne = dokument();
+    ohne->wechsleDokumentArt(Decimal(1));
+    EXPECT_EQ(ohne->rechnungsNummer(), std::nullopt);
+    EXPECT_TRUE(ohne->isAnschreiben());
+}
+
+} // namespace

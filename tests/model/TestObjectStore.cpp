@@ -1,0 +1,289 @@
+// The object store end to end: what goes into the file comes back the same after a fresh open,
+// absent and empty values stay apart, new objects start from the store's defaults, images and
+// PDFs are read only when needed and never lost by an unrelated save.
+
+#include "StoreTestSupport.h"
+
+#include "ManagedObjectModel.h"
+
+#include <QSet>
+#include <QTimeZone>
+
+using namespace storetest;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+Decimal dec(const char *text)
+{
+    return *Decimal::parse(text);
+}
+
+// Fills every stored attribute with a value of its kind that is hard to keep: texts with line
+// breaks, umlauts, typographic quotes and a character outside the basic plane; decimals with
+// 30 digits, negative ones and ones beyond a double's precision; dates with milliseconds, some
+// before 1970; bytes with zeros; integers beyond 2^53. `n` varies the values between objects.
+void fillEveryAttribute(ManagedObject &object, int n)
+{
+    static const char *const decimals[] = {"0.123456789012345678901234567890", "-12345678901234567890.123456789012345678",
+                                           "0.07", "9007199254740993", "1E-20"};
+    int i = n;
+    for (const AttributeDescription &attribute : object.entity().attributes()) {
+        ++i;
+        QVariant v;
+        switch (attribute.kind) {
+        case AttributeKind::Flag:
+            v = !std::get_if<bool>(&attribute.defaultValue) || !std::get<bool>(attribute.defaultValue);
+            break;
+        case AttributeKind::Integer:
+            v = qint64(9007199254740993) + i;
+            break;
+        case AttributeKind::DecimalNum:
+            v = QVariant::fromValue(dec(decimals[i % 5]));
+            break;
+        case AttributeKind::Text:
+            v = u"%1 %2\r\nGrüße an Frau Müller – „Straße“ 😀\n\tÄÖÜ ß"_s.arg(attribute.name).arg(i);
+            break;
+        case AttributeKind::Date:
+            v = QDateTime::fromMSecsSinceEpoch((i % 2 ? -1 : 1) * (1709251199000 + i), Qt::UTC);
+            break;
+        case AttributeKind::Binary:
+            v = QByteArray(bytes("%PDF-1.4\n\0\0\x01\xff") + QByteArray(1000 * i, '\0') + QByteArray::number(i));
+            break;
+        }
+        ASSERT_TRUE(object.setValue(attribute.name, v)) << attribute.name.toStdString();
+        ASSERT_TRUE(object.value(attribute.name).isValid()) << attribute.name.toStdString();
+    }
+}
+
+class ObjectStore : public ::testing::Test
+{
+protected:
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
+
+    void save(ManagedObjectContext &moc)
+    {
+        QString error;
+        ASSERT_TRUE(moc.save(&error)) << error.toStdString();
+    }
+};
+
+TEST_F(ObjectStore, EveryAttributeOfEveryEntitySurvivesSaveAndReopen)
+{
+    OpenStore store(path);
+    auto &moc = store.moc();
+    auto *absender = moc.insertNewObject<FKRAbsender>();
+    auto *empfaenger = moc.insertNewObject<FKREmpfaenger>();
+    auto *rechnung = moc.insertNewObject<FKRRechnung>();
+    fillEveryAttribute(*absender, 0);
+    fillEveryAttribute(*empfaenger, 1);
+    fillEveryAttribute(*rechnung, 2);
+    rechnung->setAbsender(absender);
+    rechnung->setEmpfaenger(empfaenger);
+    for (int i = 0; i < 3; ++i) {
+        auto *posten = moc.insertNewObject<FKRPosten>();
+        fillEveryAttribute(*posten, 10 * i);
+        rechnung->addPostenObject(posten);
+    }
+    // A few values picked by hand on top: a local time with milliseconds, a text with a zero
+    // character, empty and absent values beside set ones.
+    rechnung->setFaelligkeitsDatum(QDateTime(QDate(2024, 10, 27), QTime(2, 30, 15, 1), QTimeZone::systemTimeZone()));
+    empfaenger->setNotiz(QStringLiteral("zahlt spät\nNotiz mit\0Nullzeichen"));
+    empfaenger->setPlz(u""_s);
+    absender->setLogoImageBinary(QByteArray(""));
+    absender->setStrasse(std::nullopt);
+    const QList<ManagedObject *> originals = moc.insertedObjects();
+    ASSERT_EQ(originals.size(), 6);
+    save(moc);
+
+    OpenStore reopened(path);
+    for (ManagedObject *original : originals) {
+        const ManagedObject *copy = reopened.byIdentifier(original->entity().name(),
+                                                          original->value(u"uniqueIdentifier"_s).toString());
+        ASSERT_TRUE(copy);
+        expectSameAttributes(*original, *copy);
+    }
+    auto *copy = reopened.only<FKRRechnung>();
+    ASSERT_TRUE(copy && copy->absender() && copy->empfaenger());
+    EXPECT_EQ(copy->mwStSatz(), rechnung->mwStSatz());
+    EXPECT_EQ(copy->absender()->uniqueIdentifier(), absender->uniqueIdentifier());
+    EXPECT_EQ(copy->empfaenger()->uniqueIdentifier(), empfaenger->uniqueIdentifier());
+    EXPECT_EQ(copy->absender()->rechnungen(), QList<FKRRechnung *>{copy});
+    EXPECT_EQ(copy->empfaenger()->rechnungen(), QList<FKRRechnung *>{copy});
+    QStringList before, after;
+    for (const FKRPosten *posten : rechnung->posten())
+        before << *posten->uniqueIdentifier();
+    for (const FKRPosten *posten : copy->posten()) {
+        after << *posten->uniqueIdentifier();
+        EXPECT_EQ(posten->rechnung(), copy);
+    }
+    before.sort();
+    after.sort();
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(after.size(), 3);
+    EXPECT_FALSE(reopened.moc().hasChanges());
+}
+
+TEST_F(ObjectStore, AbsentStaysAbsentAndEmptyStaysEmpty)
+{
+    {
+        OpenStore store(path);
+        auto *rechnung = store.moc().insertNewObject<FKRRechnung>();
+        for (const AttributeDescription &attribute : rechnung->entity().attributes())
+            ASSERT_TRUE(rechnung->setValue(attribute.name, QVariant())) << attribute.name.toStdString();
+        auto *absender = store.moc().insertNewObject<FKRAbsender>();
+        for (const AttributeDescription &attribute : absender->entity().attributes()) {
+            if (attribute.kind == AttributeKind::Text)
+                absender->setValue(attribute.name, QString(u""_s));
+            else if (attribute.kind == AttributeKind::Binary)
+                absender->setValue(attribute.name, QByteArray(""));
+        }
+        save(store.moc());
+    }
+    OpenStore store(path);
+    const auto *rechnung = store.only<FKRRechnung>();
+    const auto *absender = store.only<FKRAbsender>();
+    ASSERT_TRUE(rechnung && absender);
+    for (const AttributeDescription &attribute : rechnung->entity().attributes())
+        EXPECT_FALSE(rechnung->value(attribute.name).isValid()) << attribute.name.toStdString() << " came back set";
+    EXPECT_FALSE(rechnung->rabatt().has_value());
+    EXPECT_FALSE(rechnung->uniqueIdentifier().has_value());
+    for (const AttributeDescription &attribute : absender->entity().attributes()) {
+        const QVariant v = absender->value(attribute.name);
+        if (attribute.kind == AttributeKind::Text || attribute.kind == AttributeKind::Binary) {
+            EXPECT_TRUE(v.isValid()) << attribute.name.toStdString() << " came back absent";
+            EXPECT_TRUE(v.toString().isEmpty() && v.toByteArray().isEmpty()) << attribute.name.toStdString();
+        }
+    }
+    ASSERT_TRUE(absender->firma().has_value());
+    EXPECT_TRUE(absender->firma()->isEmpty());
+}
+
+TEST_F(ObjectStore, InsertionGivesFreshIdentifierAndStoreDefaults)
+{
+    {
+        OpenStore store(path);
+        QSet<QString> seen;
+        for (int i = 0; i < 50; ++i) {
+            const auto id = store.moc().insertNewObject<FKRRechnung>()->uniqueIdentifier();
+            ASSERT_TRUE(id && id->size() >= 32);
+            seen.insert(*id);
+        }
+        for (const auto *object : std::initializer_list<const ManagedObject *>{
+                 store.moc().insertNewObject<FKRPosten>(), store.moc().insertNewObject<FKRAbsender>(),
+                 store.moc().insertNewObject<FKREmpfaenger>()})
+            seen.insert(object->value(u"uniqueIdentifier"_s).toString());
+        EXPECT_EQ(seen.size(), 53);
+        save(store.moc());
+    }
+    // The defaults must be in the file, not only in a fresh object's memory.
+    OpenStore store(path);
+    const auto *rechnung = store.moc().fetch<FKRRechnung>().first();
+    EXPECT_EQ(rechnung->dokumentArt(), Decimal(3));
+    EXPECT_EQ(rechnung->sprache(), 1);
+    EXPECT_EQ(rechnung->mwStSatz(), dec("0.19"));
+    EXPECT_EQ(rechnung->brutto(), true);
+    EXPECT_EQ(rechnung->waehrung(), u"€"_s);
+    EXPECT_EQ(rechnung->rabatt(), Decimal(0));
+    EXPECT_EQ(rechnung->zuschlag(), Decimal(0));
+    EXPECT_EQ(rechnung->skonto(), Decimal(0));
+    EXPECT_EQ(rechnung->skontoZeitraum(), 0);
+    EXPECT_EQ(rechnung->versandt(), false);
+    EXPECT_EQ(rechnung->bezahlt(), false);
+    EXPECT_EQ(rechnung->archiviert(), false);
+    EXPECT_FALSE(rechnung->rechnungsNummer().has_value());
+    EXPECT_FALSE(rechnung->faelligkeitsDatum().has_value());
+    EXPECT_FALSE(rechnung->binaryPDF().has_value());
+    const auto *posten = store.only<FKRPosten>();
+    EXPECT_EQ(posten->istVorlage(), false);
+    EXPECT_EQ(posten->postenNummer(), 0);
+    EXPECT_FALSE(posten->anzahl().has_value());
+    EXPECT_EQ(store.only<FKRAbsender>()->archiviert(), false);
+    EXPECT_EQ(store.only<FKRAbsender>()->geschaeftspapierDrucken(), false);
+    EXPECT_EQ(store.only<FKREmpfaenger>()->archiviert(), false);
+}
+
+TEST_F(ObjectStore, HasChangesTracksWhatANextSaveWouldWrite)
+{
+    OpenStore store(path);
+    auto &moc = store.moc();
+    EXPECT_FALSE(moc.hasChanges());
+    auto *verworfen = moc.insertNewObject<FKRRechnung>();
+    EXPECT_TRUE(moc.hasChanges());
+    moc.deleteObject(verworfen); // inserted and deleted before a save: nothing to write
+    EXPECT_FALSE(moc.hasChanges());
+    auto *rechnung = moc.insertNewObject<FKRRechnung>();
+    save(moc);
+    EXPECT_FALSE(moc.hasChanges());
+    rechnung->setWaehrung(u"€"_s); // the value it already has
+    EXPECT_FALSE(moc.hasChanges());
+    rechnung->setValue(u"waehrung"_s, u"USD"_s);
+    EXPECT_TRUE(moc.hasChanges());
+    save(moc);
+    EXPECT_FALSE(moc.hasChanges());
+    rechnung->setEmpfaenger(moc.insertNewObject<FKREmpfaenger>());
+    save(moc);
+    {
+        OpenStore reopened(path);
+        EXPECT_FALSE(reopened.moc().hasChanges());
+        reopened.moc().deleteObject(reopened.only<FKREmpfaenger>());
+        EXPECT_TRUE(reopened.moc().hasChanges());
+    }
+}
+
+TEST_F(ObjectStore, BinariesAreReadOnFirstAccessAndSurviveOtherUpdates)
+{
+    QByteArray pdf(4 * 1024 * 1024, '\0');
+    for (int i = 0; i < pdf.size(); i += 4093)
+        pdf[i] = char(i % 251);
+    {
+        OpenStore store(path);
+        auto *rechnung = store.moc().insertNewObject<FKRRechnung>();
+        rechnung->setBinaryPDF(pdf);
+        auto *absender = store.moc().insertNewObject<FKRAbsender>();
+        absender->setLogoImageBinary(bytes("logo\0bytes"));
+        rechnung->setAbsender(absender);
+        save(store.moc());
+    }
+    {
+        // Editing other fields of objects whose images were never looked at keeps the images.
+        OpenStore store(path);
+        store.only<FKRRechnung>()->setRechnungsNummer(u"RE-1"_s);
+        store.only<FKRAbsender>()->setFirma(u"Neue Firma"_s);
+        save(store.moc());
+        EXPECT_EQ(RawSql(path).number(u"SELECT length(binaryPDF) FROM FKRRechnung"_s), pdf.size());
+    }
+    {
+        OpenStore store(path);
+        // Bytes replaced behind the store's back after opening are what a first read sees: the
+        // open did not load them.
+        RawSql(path).mustExec("UPDATE FKRRechnung SET binaryPDF = x'25504446'");
+        EXPECT_EQ(store.only<FKRRechnung>()->binaryPDF(), QByteArray("%PDF"));
+        EXPECT_EQ(store.only<FKRRechnung>()->rechnungsNummer(), u"RE-1"_s);
+        EXPECT_FALSE(store.moc().hasChanges());
+        // Removing bytes that were never read removes them in the file too.
+        store.only<FKRAbsender>()->setUnterschriftImageBinary(QByteArray("x"));
+        store.only<FKRAbsender>()->setLogoImageBinary(std::nullopt);
+        save(store.moc());
+    }
+    OpenStore store(path);
+    EXPECT_FALSE(store.only<FKRAbsender>()->logoImageBinary().has_value());
+    EXPECT_EQ(store.only<FKRAbsender>()->unterschriftImageBinary(), QByteArray("x"));
+    EXPECT_FALSE(store.only<FKRAbsender>()->geschaeftspapierImageBinary().has_value());
+}
+
+TEST_F(ObjectStore, SaveLeavesNoJournalOrLogFilesBehind)
+{
+    OpenStore store(path);
+    store.moc().insertNewObject<FKRRechnung>()->addPostenObject(store.moc().insertNewObject<FKRPosten>());
+    save(store.moc());
+    store.only<FKRRechnung>()->setRechnungsNummer(u"1"_s);
+    save(store.moc());
+    // Still open: a write-ahead log or a kept journal would show up here.
+    EXPECT_EQ(sideFiles(path), QStringList());
+    RawSql raw(path);
+    EXPECT_EQ(raw.text(u"PRAGMA journal_mode"_s), u"delete"_s);
+}
+
+} // namespace

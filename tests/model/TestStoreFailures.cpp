@@ -1,0 +1,267 @@
+// What the store does when things go wrong: a save that cannot complete leaves the file as it
+// was and the context with all its changes for a later try; a file that is not a store of ours,
+// is damaged or comes from a newer version is refused and left byte for byte untouched; a
+// place where no store can be made is reported as such.
+
+#include "StoreTestSupport.h"
+
+#include "FKRLocalizationHelper.h"
+#include "ManagedObjectModel.h"
+
+#include <QFileInfo>
+
+#include <chrono>
+#include <future>
+#include <random>
+#include <thread>
+#include <unistd.h>
+
+using namespace storetest;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class StoreFailures : public ::testing::Test
+{
+protected:
+    // The messages come from the user's text table, as in the application.
+    static void SetUpTestSuite() { FKRLocalizationHelper::installiereHauptTabelle(); }
+
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
+
+    // A store with one sent invoice of two items.
+    void writeExistingStore()
+    {
+        OpenStore store(path);
+        auto *rechnung = store.moc().insertNewObject<FKRRechnung>();
+        rechnung->setRechnungsNummer(u"RE-1"_s);
+        for (const char *bezeichnung : {"Beratung", "Reise"}) {
+            auto *posten = store.moc().insertNewObject<FKRPosten>();
+            posten->setPostenBezeichnung(QString::fromLatin1(bezeichnung));
+            rechnung->addPostenObject(posten);
+        }
+        ASSERT_TRUE(store.moc().save());
+    }
+
+    // Edits of every kind: an update, a delete, new objects with relationships.
+    void makeChanges(OpenStore &store)
+    {
+        auto *alt = store.only<FKRRechnung>();
+        alt->setRechnungsNummer(u"RE-1 geändert"_s);
+        for (FKRPosten *posten : alt->posten()) {
+            if (posten->postenBezeichnung() == u"Reise"_s)
+                store.moc().deleteObject(posten);
+        }
+        auto *neu = store.moc().insertNewObject<FKRRechnung>();
+        neu->setRechnungsNummer(u"RE-2"_s);
+        neu->setEmpfaenger(store.moc().insertNewObject<FKREmpfaenger>());
+        neu->addPostenObject(store.moc().insertNewObject<FKRPosten>());
+    }
+
+    // The file as a fresh open sees it, in short.
+    QString contents()
+    {
+        OpenStore store(path);
+        QStringList parts;
+        for (const auto *rechnung : store.moc().fetch<FKRRechnung>({}, {{u"rechnungsNummer"_s, true}}))
+            parts << *rechnung->rechnungsNummer() + u":"_s + QString::number(rechnung->posten().size())
+                         + (rechnung->empfaenger() ? u"+E"_s : QString());
+        return parts.join(u", "_s);
+    }
+
+    template<typename Open>
+    StoreError::Kind refusal(Open open)
+    {
+        try {
+            open();
+        } catch (const StoreError &e) {
+            EXPECT_FALSE(e.message().isEmpty());
+            EXPECT_FALSE(e.message().startsWith(u"STORE_ERROR"_s)) << e.message().toStdString();
+            return e.kind();
+        }
+        ADD_FAILURE() << "the store opened";
+        return StoreError::Kind::SaveFailed;
+    }
+    StoreError::Kind refusal() { return refusal([&] { OpenStore store(path); }); }
+};
+
+TEST_F(StoreFailures, SaveBlockedByAnotherConnectionKeepsEverythingForTheNextSave)
+{
+    writeExistingStore();
+    OpenStore store(path);
+    makeChanges(store);
+    store.coordinator->setBusyTimeout(50);
+    {
+        RawSql other(path);
+        other.mustExec("BEGIN EXCLUSIVE");
+        QString error;
+        EXPECT_FALSE(store.moc().save(&error));
+        EXPECT_TRUE(error.contains(path)) << error.toStdString();
+        EXPECT_TRUE(store.moc().hasChanges());
+        other.mustExec("ROLLBACK");
+    }
+    EXPECT_EQ(contents(), u"RE-1:2"_s);
+    QString error;
+    ASSERT_TRUE(store.moc().save(&error)) << error.toStdString();
+    EXPECT_FALSE(store.moc().hasChanges());
+    EXPECT_EQ(contents(), u"RE-1 geändert:1, RE-2:1+E"_s);
+}
+
+TEST_F(StoreFailures, SaveFailingHalfwayRollsBackEveryStatement)
+{
+    writeExistingStore();
+    OpenStore store(path);
+    makeChanges(store);
+    const auto inserted = store.moc().insertedObjects().size();
+    RawSql other(path);
+    // Items are written after documents, so the document update and the delete have already
+    // reached the transaction when this stops it.
+    other.mustExec("CREATE TRIGGER sperre BEFORE INSERT ON FKRPosten BEGIN SELECT RAISE(ABORT, 'Posten gesperrt'); END");
+    QString error;
+    EXPECT_FALSE(store.moc().save(&error));
+    EXPECT_TRUE(error.contains(u"Posten gesperrt"_s)) << error.toStdString();
+    EXPECT_TRUE(store.moc().hasChanges());
+    EXPECT_EQ(store.moc().insertedObjects().size(), inserted);
+    EXPECT_EQ(contents(), u"RE-1:2"_s);
+    EXPECT_EQ(sideFiles(path), QStringList());
+
+    // More editing after the failure, then the obstacle goes: everything arrives.
+    store.moc().fetch<FKRRechnung>({}, {{u"rechnungsNummer"_s, true}}).last()->setWaehrung(u"CHF"_s);
+    other.mustExec("DROP TRIGGER sperre");
+    ASSERT_TRUE(store.moc().save(&error)) << error.toStdString();
+    EXPECT_EQ(contents(), u"RE-1 geändert:1, RE-2:1+E"_s);
+    EXPECT_EQ(other.text(u"SELECT waehrung FROM FKRRechnung WHERE rechnungsNummer = 'RE-2'"_s), u"CHF"_s);
+    EXPECT_EQ(other.number(u"SELECT count(*) FROM FKRPosten"_s), 2);
+}
+
+TEST_F(StoreFailures, SaveWaitsForAReaderAndGivesUpOnlyAfterTheTimeout)
+{
+    writeExistingStore();
+    OpenStore store(path);
+    makeChanges(store);
+
+    // A reader (a backup being zipped) that holds its shared lock longer than the save waits.
+    store.coordinator->setBusyTimeout(50);
+    {
+        RawSql reader(path);
+        reader.mustExec("BEGIN");
+        EXPECT_EQ(reader.number(u"SELECT count(*) FROM FKRPosten"_s), 2);
+        QString error;
+        EXPECT_FALSE(store.moc().save(&error));
+        EXPECT_TRUE(store.moc().hasChanges());
+        EXPECT_EQ(reader.number(u"SELECT count(*) FROM FKRPosten"_s), 2);
+        reader.mustExec("COMMIT");
+    }
+    EXPECT_EQ(contents(), u"RE-1:2"_s);
+
+    // One that finishes within the timeout only delays the save.
+    store.coordinator->setBusyTimeout(10000);
+    std::promise<void> locked;
+    std::thread backup([&] {
+        RawSql reader(path);
+        reader.mustExec("BEGIN");
+        reader.number(u"SELECT count(*) FROM FKRRechnung"_s);
+        locked.set_value();
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        reader.mustExec("COMMIT");
+    });
+    locked.get_future().wait();
+    QString error;
+    const bool saved = store.moc().save(&error);
+    backup.join();
+    EXPECT_TRUE(saved) << error.toStdString();
+    EXPECT_EQ(contents(), u"RE-1 geändert:1, RE-2:1+E"_s);
+}
+
+TEST_F(StoreFailures, FileThatIsNoDatabaseIsRefusedUntouched)
+{
+    std::mt19937 random(4711);
+    QByteArray noise(64 * 1024, '\0');
+    for (char &c : noise)
+        c = char(random());
+    writeFile(path, noise);
+    EXPECT_EQ(refusal(), StoreError::Kind::NotAStore);
+    EXPECT_EQ(fileBytes(path), noise);
+    EXPECT_EQ(sideFiles(path), QStringList());
+}
+
+TEST_F(StoreFailures, DatabaseOfAnotherProgramIsRefusedUntouched)
+{
+    {
+        RawSql other(path, true);
+        other.mustExec("CREATE TABLE foo (id INTEGER PRIMARY KEY, bar TEXT); INSERT INTO foo (bar) VALUES ('baz')");
+    }
+    const QByteArray before = fileBytes(path);
+    const QDateTime modified = QFileInfo(path).lastModified();
+    EXPECT_EQ(refusal(), StoreError::Kind::NotAStore);
+    EXPECT_EQ(fileBytes(path), before);
+    EXPECT_EQ(QFileInfo(path).lastModified(), modified);
+    EXPECT_EQ(RawSql(path).columns(u"FKRRechnung"_s), QStringList());
+}
+
+TEST_F(StoreFailures, TruncatedStoreIsReportedAndLeftAsItIs)
+{
+    {
+        OpenStore store(path);
+        for (int i = 0; i < 400; ++i) {
+            auto *rechnung = store.moc().insertNewObject<FKRRechnung>();
+            rechnung->setRechnungsNummer(u"RE-%1"_s.arg(i));
+            rechnung->setRechnungsText(u"Vielen Dank für Ihren Auftrag. "_s.repeated(8));
+            for (int p = 0; p < 10; ++p) {
+                auto *posten = store.moc().insertNewObject<FKRPosten>();
+                posten->setPostenBeschreibung(u"Leistung %1 im Zeitraum März bis April"_s.arg(p));
+                rechnung->addPostenObject(posten);
+            }
+        }
+        ASSERT_TRUE(store.moc().save());
+    }
+    QByteArray bytes = fileBytes(path);
+    ASSERT_GT(bytes.size(), 256 * 1024);
+    bytes.truncate(bytes.size() / 2);
+    writeFile(path, bytes);
+    const StoreError::Kind kind = refusal();
+    EXPECT_EQ(kind, StoreError::Kind::Damaged);
+    EXPECT_EQ(fileBytes(path), bytes);
+    EXPECT_EQ(sideFiles(path), QStringList());
+}
+
+TEST_F(StoreFailures, NewerSchemaVersionIsRefusedUntouched)
+{
+    writeExistingStore();
+    RawSql(path).mustExec("UPDATE VelmoraStoreMetadata SET value = '2' WHERE key = 'schemaVersion'");
+    ASSERT_GT(2, ManagedObjectModel::kSchemaVersion);
+    const QByteArray before = fileBytes(path);
+    EXPECT_EQ(refusal(), StoreError::Kind::NewerVersion);
+    EXPECT_EQ(fileBytes(path), before);
+}
+
+TEST_F(StoreFailures, PlacesWhereNoStoreCanBeMadeCannotBeOpened)
+{
+    const QString missingFolder = dir.filePath(u"fehlt/noch/"_s) + QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName);
+    EXPECT_EQ(refusal([&] { OpenStore store(missingFolder); }), StoreError::Kind::CannotOpen);
+    EXPECT_FALSE(QFileInfo::exists(dir.filePath(u"fehlt"_s)));
+
+    writeFile(dir.filePath(u"Velmora-Rechnungen"_s), "keine Mappe");
+    const QString parentIsFile = dir.filePath(u"Velmora-Rechnungen/"_s) + QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName);
+    EXPECT_EQ(refusal([&] { OpenStore store(parentIsFile); }), StoreError::Kind::CannotOpen);
+    EXPECT_EQ(fileBytes(dir.filePath(u"Velmora-Rechnungen"_s)), QByteArray("keine Mappe"));
+
+    // A folder where the store file should be; fails even for the superuser.
+    ASSERT_TRUE(QDir(dir.path()).mkdir(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName)));
+    EXPECT_EQ(refusal(), StoreError::Kind::CannotOpen);
+    EXPECT_TRUE(QFileInfo(path).isDir());
+}
+
+TEST_F(StoreFailures, ReadOnlyFolderCannotHoldANewStore)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "the superuser writes into read-only folders";
+    const QString folder = dir.filePath(u"schreibgeschuetzt"_s);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    ASSERT_TRUE(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+    EXPECT_EQ(refusal([&] { OpenStore store(folder + u"/x.storedata"_s); }), StoreError::Kind::CannotOpen);
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+} // namespace

@@ -1,0 +1,259 @@
+// Stores written by older versions of the application: opening one adds what the schema lacks,
+// keeps every stored value and relationship, gives old rows the defaults of new objects, and
+// from then on opens without writing a single byte.
+
+#include "StoreTestSupport.h"
+
+#include "ManagedObjectModel.h"
+
+#include <QFileInfo>
+
+#include <vector>
+
+using namespace storetest;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// A stored value after migration, as describe() renders it.
+struct Expected {
+    const char *entity;
+    qint64 pk;
+    const char *key;
+    const char *value;
+};
+
+// A to-one relationship after migration; target 0 means none.
+struct Link {
+    const char *entity;
+    qint64 pk;
+    const char *relationship;
+    qint64 target;
+};
+
+struct OlderStore {
+    const char *name;
+    const char *sql;
+    std::vector<Expected> values;
+    std::vector<Link> links;
+};
+
+// Version 0: no cash discount, no identifiers on documents, no frozen PDFs, no letterhead and
+// no recipients at all.
+const char *const kVersion0 = R"sql(
+CREATE TABLE VelmoraStoreMetadata (key TEXT PRIMARY KEY, value TEXT);
+INSERT INTO VelmoraStoreMetadata VALUES ('schemaVersion', '0');
+CREATE TABLE FKRAbsender ("pk" INTEGER PRIMARY KEY, archiviert INTEGER, bankVerbindungBic TEXT,
+  bankVerbindungIban TEXT, bankVerbindungInstitut TEXT, emailAdresse TEXT, faxNummer TEXT, firma TEXT,
+  land TEXT, logoImageBinary BLOB, logoImagePath TEXT, name TEXT, ort TEXT, plz TEXT, steuerNummer TEXT,
+  strasse TEXT, telefonNummer TEXT, umsatzsteuerId TEXT, uniqueIdentifier TEXT, unterschriftImageBinary BLOB,
+  unterschriftImagePath TEXT);
+INSERT INTO FKRAbsender ("pk", archiviert, firma, name, ort, plz, logoImageBinary, uniqueIdentifier)
+  VALUES (1, 0, 'Studio Weiß', 'Eva Weiß', 'Kiel', '', x'89504e4700ff00', 'A-1');
+CREATE TABLE FKRRechnung ("pk" INTEGER PRIMARY KEY, archiviert INTEGER, bezahlt INTEGER, bezahltDatum INTEGER,
+  brutto INTEGER, dokumentArt TEXT, faelligkeitsDatum INTEGER, layout TEXT, lieferDatum INTEGER, mwStSatz TEXT,
+  rabatt TEXT, rechnungsDatum INTEGER, rechnungsNummer TEXT, rechnungsText TEXT, rechnungsText2 TEXT,
+  rechnungsTextAnrede TEXT, sprache INTEGER, versandt INTEGER, waehrung TEXT, zuschlag TEXT, absender INTEGER);
+INSERT INTO FKRRechnung VALUES (1, 0, 1, 1425291330250, 1, '3', NULL, '2', NULL, '0.19', '0.1', 1427846400000,
+  'RE-2015-001', 'Sehr geehrte Damen und Herren,
+anbei die Rechnung für März.', '', NULL, 1, 1, '€', '0', 1);
+INSERT INTO FKRRechnung ("pk", dokumentArt, rechnungsNummer, waehrung, rabatt, zuschlag, sprache)
+  VALUES (7, '2', 'AN-2015-002', 'CHF', '0', '0.123456789012345678901234567890', 2);
+CREATE TABLE FKRPosten ("pk" INTEGER PRIMARY KEY, anzahl TEXT, einzelbetrag TEXT, istVorlage INTEGER,
+  mwStSatz TEXT, postenBeschreibung TEXT, postenBezeichnung TEXT, postenNummer INTEGER, uniqueIdentifier TEXT,
+  rechnung INTEGER);
+INSERT INTO FKRPosten VALUES (1, '2.5', '120', 0, NULL, 'Konzept', 'Beratung', 1, 'P-1', 1),
+  (2, '1', '49.99', 0, '0.07', NULL, 'Buch', 2, NULL, 1), (3, '10', '0.5', 0, NULL, NULL, 'Kopien', 3, NULL, 7),
+  (4, '1', '80', 1, NULL, NULL, 'Vorlage Stunde', 0, NULL, NULL);
+)sql";
+
+// Recipients without note and number prefix, items without template flag and own VAT rate,
+// documents without layout; numbers kept as SQL numbers; no version row at all.
+const char *const kNumbersNoVersionRow = R"sql(
+CREATE TABLE VelmoraStoreMetadata (key TEXT PRIMARY KEY, value TEXT);
+CREATE TABLE FKREmpfaenger ("pk" INTEGER PRIMARY KEY, archiviert INTEGER, firma TEXT, land TEXT, name TEXT,
+  ort TEXT, plz TEXT, strasse TEXT, uniqueIdentifier TEXT);
+INSERT INTO FKREmpfaenger VALUES (3, 1, 'Muster GmbH', NULL, 'Jörg Übel', 'Graz', '8010', 'Hauptplatz 1', 'E-3');
+CREATE TABLE FKRRechnung ("pk" INTEGER PRIMARY KEY, brutto INTEGER, dokumentArt INTEGER, mwStSatz REAL,
+  rabatt REAL, zuschlag REAL, skonto REAL, skontoZeitraum INTEGER, rechnungsNummer TEXT, absender INTEGER,
+  empfaenger INTEGER);
+INSERT INTO FKRRechnung VALUES (5, 0, 3, 0.077, 0, 0.05, 0.02, 10, 'R 5', NULL, 3);
+CREATE TABLE FKRPosten ("pk" INTEGER PRIMARY KEY, anzahl REAL, einzelbetrag INTEGER, postenBezeichnung TEXT,
+  rechnung INTEGER);
+INSERT INTO FKRPosten VALUES (9, 1.5, 120, 'Montage', 5);
+)sql";
+
+const OlderStore kOlderStores[] = {
+    {"Version0WithoutRecipientsAndCashDiscount",
+     kVersion0,
+     {
+         {"FKRRechnung", 1, "rechnungsNummer", "QString RE-2015-001"},
+         {"FKRRechnung", 1, "rechnungsText", "QString Sehr geehrte Damen und Herren,\nanbei die Rechnung für März."},
+         {"FKRRechnung", 1, "rechnungsText2", "QString "},
+         {"FKRRechnung", 1, "rechnungsTextAnrede", "<absent>"},
+         {"FKRRechnung", 1, "bezahltDatum", "date 2015-03-02T10:15:30.250Z"},
+         {"FKRRechnung", 1, "rechnungsDatum", "date 2015-04-01T00:00:00.000Z"},
+         {"FKRRechnung", 1, "bezahlt", "bool true"},
+         {"FKRRechnung", 1, "mwStSatz", "Decimal 0.19"},
+         {"FKRRechnung", 1, "rabatt", "Decimal 0.1"},
+         {"FKRRechnung", 1, "layout", "Decimal 2"},
+         {"FKRRechnung", 1, "skonto", "Decimal 0"},
+         {"FKRRechnung", 1, "skontoZeitraum", "qlonglong 0"},
+         {"FKRRechnung", 1, "uniqueIdentifier", "<absent>"},
+         {"FKRRechnung", 1, "binaryPDF", "<absent>"},
+         {"FKRRechnung", 7, "waehrung", "QString CHF"},
+         {"FKRRechnung", 7, "zuschlag", "Decimal 0.12345678901234567890123456789"},
+         {"FKRRechnung", 7, "sprache", "qlonglong 2"},
+         {"FKRRechnung", 7, "brutto", "<absent>"},
+         {"FKRRechnung", 7, "skonto", "Decimal 0"},
+         {"FKRAbsender", 1, "firma", "QString Studio Weiß"},
+         {"FKRAbsender", 1, "plz", "QString "},
+         {"FKRAbsender", 1, "logoImageBinary", "bytes[7] 89504e4700ff00"},
+         {"FKRAbsender", 1, "geschaeftspapierDrucken", "bool false"},
+         {"FKRAbsender", 1, "geschaeftspapierImageBinary", "<absent>"},
+         {"FKRAbsender", 1, "uniqueIdentifier", "QString A-1"},
+         {"FKRPosten", 1, "anzahl", "Decimal 2.5"},
+         {"FKRPosten", 1, "uniqueIdentifier", "QString P-1"},
+         {"FKRPosten", 2, "einzelbetrag", "Decimal 49.99"},
+         {"FKRPosten", 2, "mwStSatz", "Decimal 0.07"},
+         {"FKRPosten", 4, "istVorlage", "bool true"},
+     },
+     {{"FKRRechnung", 1, "absender", 1}, {"FKRRechnung", 1, "empfaenger", 0}, {"FKRRechnung", 7, "absender", 0},
+      {"FKRPosten", 1, "rechnung", 1}, {"FKRPosten", 2, "rechnung", 1}, {"FKRPosten", 3, "rechnung", 7},
+      {"FKRPosten", 4, "rechnung", 0}}},
+    {"NumbersAsSqlNumbersWithoutVersionRow",
+     kNumbersNoVersionRow,
+     {
+         {"FKRRechnung", 5, "mwStSatz", "Decimal 0.077"},
+         {"FKRRechnung", 5, "zuschlag", "Decimal 0.05"},
+         {"FKRRechnung", 5, "skonto", "Decimal 0.02"},
+         {"FKRRechnung", 5, "dokumentArt", "Decimal 3"},
+         {"FKRRechnung", 5, "brutto", "bool false"},
+         {"FKRRechnung", 5, "layout", "Decimal 1"},
+         {"FKRRechnung", 5, "waehrung", "QString €"},
+         {"FKREmpfaenger", 3, "name", "QString Jörg Übel"},
+         {"FKREmpfaenger", 3, "archiviert", "bool true"},
+         {"FKREmpfaenger", 3, "notiz", "<absent>"},
+         {"FKRPosten", 9, "anzahl", "Decimal 1.5"},
+         {"FKRPosten", 9, "einzelbetrag", "Decimal 120"},
+         {"FKRPosten", 9, "istVorlage", "bool false"},
+         {"FKRPosten", 9, "postenNummer", "qlonglong 0"},
+         {"FKRPosten", 9, "mwStSatz", "<absent>"},
+     },
+     {{"FKRRechnung", 5, "empfaenger", 3}, {"FKRRechnung", 5, "absender", 0}, {"FKRPosten", 9, "rechnung", 5}}},
+};
+
+class StoreMigration : public ::testing::TestWithParam<OlderStore>
+{
+protected:
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
+
+    void SetUp() override
+    {
+        RawSql old(path, true);
+        old.mustExec(GetParam().sql);
+    }
+
+    static ManagedObject *object(ManagedObjectContext &moc, const char *entity, qint64 pk)
+    {
+        for (ManagedObject *o : moc.executeFetchRequest({QString::fromLatin1(entity), {}, {}})) {
+            if (o->primaryKey() == pk)
+                return o;
+        }
+        ADD_FAILURE() << entity << " " << pk << " is missing";
+        return nullptr;
+    }
+};
+
+TEST_P(StoreMigration, KeepsEveryValueAndAddsWhatIsMissing)
+{
+    QHash<QString, qint64> rowsBefore;
+    {
+        RawSql old(path);
+        for (const auto &entity : ManagedObjectModel::defaultModel().entities()) {
+            if (!old.columns(entity->name()).isEmpty())
+                rowsBefore[entity->name()] = old.number(u"SELECT count(*) FROM "_s + entity->name());
+        }
+    }
+    {
+        OpenStore store(path);
+        for (const Expected &e : GetParam().values) {
+            if (const ManagedObject *o = object(store.moc(), e.entity, e.pk)) {
+                EXPECT_EQ(describe(o->value(QString::fromLatin1(e.key))), e.value) << e.entity << " " << e.pk << " " << e.key;
+            }
+        }
+        for (const Link &l : GetParam().links) {
+            const ManagedObject *o = object(store.moc(), l.entity, l.pk);
+            if (!o)
+                continue;
+            const ManagedObject *target = o->toOne(QString::fromLatin1(l.relationship));
+            EXPECT_EQ(target ? target->primaryKey() : 0, l.target) << l.entity << " " << l.pk << " " << l.relationship;
+            // The other side knows it too.
+            if (target) {
+                const auto &relationship = o->entity().relationships()[std::size_t(o->entity().relationshipIndex(
+                    QString::fromLatin1(l.relationship)))];
+                EXPECT_TRUE(target->toMany(relationship.inverseName).contains(o));
+            }
+        }
+        for (const auto &entity : ManagedObjectModel::defaultModel().entities())
+            EXPECT_EQ(store.moc().executeFetchRequest({entity->name(), {}, {}}).size(), rowsBefore.value(entity->name()))
+                << entity->name().toStdString();
+        EXPECT_FALSE(store.moc().hasChanges());
+    }
+    {
+        RawSql migrated(path);
+        EXPECT_EQ(migrated.number(u"SELECT value FROM VelmoraStoreMetadata WHERE key = 'schemaVersion'"_s),
+                  ManagedObjectModel::kSchemaVersion);
+        for (const auto &entity : ManagedObjectModel::defaultModel().entities()) {
+            const QStringList columns = migrated.columns(entity->name());
+            for (const AttributeDescription &attribute : entity->attributes())
+                EXPECT_TRUE(columns.contains(attribute.name)) << entity->name().toStdString() << "." << attribute.name.toStdString();
+            for (const RelationshipDescription &relationship : entity->relationships())
+                EXPECT_EQ(columns.contains(relationship.name), !relationship.toMany) << relationship.name.toStdString();
+        }
+    }
+
+    // The migrated store is a store like any other: a second open writes nothing.
+    const QByteArray migratedBytes = fileBytes(path);
+    const QDateTime migratedAt = QFileInfo(path).lastModified();
+    {
+        OpenStore again(path);
+    }
+    EXPECT_EQ(fileBytes(path), migratedBytes);
+    EXPECT_EQ(QFileInfo(path).lastModified(), migratedAt);
+    EXPECT_EQ(sideFiles(path), QStringList());
+}
+
+TEST_P(StoreMigration, MigratedStoreTakesNewValuesInOldAndNewRows)
+{
+    {
+        OpenStore store(path);
+        for (FKRRechnung *alt : store.moc().fetch<FKRRechnung>()) {
+            alt->setSkonto(*Decimal::parse("0.03"));
+            alt->setUniqueIdentifier(u"alt-%1"_s.arg(alt->primaryKey()));
+        }
+        auto *neu = store.moc().insertNewObject<FKRRechnung>();
+        neu->setBinaryPDF(bytes("%PDF\0neu"));
+        neu->setEmpfaenger(store.moc().insertNewObject<FKREmpfaenger>());
+        neu->empfaenger()->setNotiz(u"neu"_s);
+        QString error;
+        ASSERT_TRUE(store.moc().save(&error)) << error.toStdString();
+    }
+    OpenStore store(path);
+    for (const FKRRechnung *rechnung : store.moc().fetch<FKRRechnung>()) {
+        if (rechnung->binaryPDF()) {
+            EXPECT_EQ(*rechnung->binaryPDF(), bytes("%PDF\0neu"));
+            EXPECT_EQ(rechnung->empfaenger()->notiz(), u"neu"_s);
+            EXPECT_EQ(rechnung->skonto(), Decimal(0));
+        } else {
+            EXPECT_EQ(rechnung->skonto(), *Decimal::parse("0.03"));
+            EXPECT_EQ(rechnung->uniqueIdentifier(), u"alt-%1"_s.arg(rechnung->primaryKey()));
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(OlderStores, StoreMigration, ::testing::ValuesIn(kOlderStores),
+                         [](const ::testing::TestParamInfo<OlderStore> &p) { return std::string(p.param.name); });
+
+} // namespace
