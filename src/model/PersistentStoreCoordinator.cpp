@@ -3,6 +3,7 @@
 #include "FKRLocalizationHelper.h"
 #include "ManagedObject.h"
 #include "ManagedObjectContext.h"
+#include "StoreColumns.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -11,109 +12,6 @@
 
 namespace {
 const QString kMetadataTable = QStringLiteral("VelmoraStoreMetadata");
-
-QString quoted(const QString &identifier)
-{
-    return QLatin1Char('"') + identifier + QLatin1Char('"');
-}
-
-QString columnType(AttributeKind kind)
-{
-    switch (kind) {
-    case AttributeKind::Flag:
-    case AttributeKind::Integer:
-    case AttributeKind::Date:
-        return QStringLiteral("INTEGER");
-    case AttributeKind::DecimalNum:
-    case AttributeKind::Text:
-        return QStringLiteral("TEXT");
-    case AttributeKind::Binary:
-        return QStringLiteral("BLOB");
-    }
-    return QStringLiteral("BLOB");
-}
-
-QString sqlLiteral(const AttributeValue &value)
-{
-    if (const bool *b = std::get_if<bool>(&value))
-        return *b ? QStringLiteral("1") : QStringLiteral("0");
-    if (const qint64 *n = std::get_if<qint64>(&value))
-        return QString::number(*n);
-    QString text;
-    if (const Decimal *d = std::get_if<Decimal>(&value))
-        text = QString::fromStdString(d->toString());
-    else if (const QString *s = std::get_if<QString>(&value))
-        text = *s;
-    else
-        return QString();
-    return QLatin1Char('\'') + text.replace(QLatin1Char('\''), QStringLiteral("''")) + QLatin1Char('\'');
-}
-
-QString columnDefinition(const AttributeDescription &attribute)
-{
-    QString definition = quoted(attribute.name) + QLatin1Char(' ') + columnType(attribute.kind);
-    const QString literal = sqlLiteral(attribute.defaultValue);
-    if (!literal.isEmpty())
-        definition += QStringLiteral(" DEFAULT ") + literal;
-    return definition;
-}
-
-QStringList foreignKeyColumns(const EntityDescription &entity)
-{
-    QStringList columns;
-    for (const RelationshipDescription &relationship : entity.relationships()) {
-        if (!relationship.toMany)
-            columns.append(relationship.name);
-    }
-    return columns;
-}
-
-AttributeValue readColumn(const SqliteStatement &row, int column, AttributeKind kind)
-{
-    if (row.isNull(column))
-        return AttributeValue();
-    switch (kind) {
-    case AttributeKind::Flag:
-        return AttributeValue(row.columnInt(column) != 0);
-    case AttributeKind::Integer:
-        return AttributeValue(row.columnInt(column));
-    case AttributeKind::DecimalNum: {
-        // Text as written; a number column of an older store reads through its text too.
-        const auto d = Decimal::parse(row.columnUtf8(column));
-        return d ? AttributeValue(*d) : AttributeValue();
-    }
-    case AttributeKind::Text:
-        return AttributeValue(row.columnText(column));
-    case AttributeKind::Date:
-        return AttributeValue(QDateTime::fromMSecsSinceEpoch(row.columnInt(column)));
-    case AttributeKind::Binary:
-        return AttributeValue(BlobFault{}); // the SELECT only asked whether there is one
-    }
-    return AttributeValue();
-}
-
-void bindValue(SqliteStatement &statement, int index, const AttributeValue &value)
-{
-    std::visit(
-        [&](const auto &v) {
-            using T = std::decay_t<decltype(v)>;
-            if constexpr (std::is_same_v<T, bool>)
-                statement.bindInt(index, v ? 1 : 0);
-            else if constexpr (std::is_same_v<T, qint64>)
-                statement.bindInt(index, v);
-            else if constexpr (std::is_same_v<T, Decimal>)
-                statement.bindText(index, QString::fromStdString(v.toString()));
-            else if constexpr (std::is_same_v<T, QString>)
-                statement.bindText(index, v);
-            else if constexpr (std::is_same_v<T, QDateTime>)
-                statement.bindInt(index, v.toMSecsSinceEpoch());
-            else if constexpr (std::is_same_v<T, QByteArray>)
-                statement.bindBlob(index, v);
-            else
-                statement.bindNull(index);
-        },
-        value);
-}
 } // namespace
 
 PersistentStoreCoordinator::PersistentStoreCoordinator(const ManagedObjectModel &model) : m_model(model) {}
@@ -208,7 +106,7 @@ void PersistentStoreCoordinator::createOrMigrateSchema(bool fresh)
         statements << QStringLiteral("CREATE TABLE ") + kMetadataTable + QStringLiteral(" (key TEXT PRIMARY KEY, value TEXT)");
     for (const auto &entity : m_model.entities()) {
         QSet<QString> existing;
-        auto info = m_db.prepare(QStringLiteral("PRAGMA table_info(") + quoted(entity->name()) + QLatin1Char(')'));
+        auto info = m_db.prepare(QStringLiteral("PRAGMA table_info(") + StoreColumns::quoted(entity->name()) + QLatin1Char(')'));
         if (!info) {
             m_db.close();
             fail(StoreError::Kind::Damaged, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_DAMAGED"), m_db.lastError());
@@ -218,23 +116,23 @@ void PersistentStoreCoordinator::createOrMigrateSchema(bool fresh)
         if (existing.isEmpty()) {
             QStringList columns{QStringLiteral("\"pk\" INTEGER PRIMARY KEY")};
             for (const AttributeDescription &attribute : entity->attributes())
-                columns << columnDefinition(attribute);
-            for (const QString &fk : foreignKeyColumns(*entity))
-                columns << quoted(fk) + QStringLiteral(" INTEGER");
-            statements << QStringLiteral("CREATE TABLE ") + quoted(entity->name()) + QStringLiteral(" (")
+                columns << StoreColumns::columnDefinition(attribute);
+            for (const QString &fk : StoreColumns::foreignKeyColumns(*entity))
+                columns << StoreColumns::quoted(fk) + QStringLiteral(" INTEGER");
+            statements << QStringLiteral("CREATE TABLE ") + StoreColumns::quoted(entity->name()) + QStringLiteral(" (")
                               + columns.join(QStringLiteral(", ")) + QLatin1Char(')');
             continue;
         }
         // A column added by a newer version: old rows receive the default of a new object.
         for (const AttributeDescription &attribute : entity->attributes()) {
             if (!existing.contains(attribute.name))
-                statements << QStringLiteral("ALTER TABLE ") + quoted(entity->name()) + QStringLiteral(" ADD COLUMN ")
-                                  + columnDefinition(attribute);
+                statements << QStringLiteral("ALTER TABLE ") + StoreColumns::quoted(entity->name()) + QStringLiteral(" ADD COLUMN ")
+                                  + StoreColumns::columnDefinition(attribute);
         }
-        for (const QString &fk : foreignKeyColumns(*entity)) {
+        for (const QString &fk : StoreColumns::foreignKeyColumns(*entity)) {
             if (!existing.contains(fk))
-                statements << QStringLiteral("ALTER TABLE ") + quoted(entity->name()) + QStringLiteral(" ADD COLUMN ")
-                                  + quoted(fk) + QStringLiteral(" INTEGER");
+                statements << QStringLiteral("ALTER TABLE ") + StoreColumns::quoted(entity->name()) + QStringLiteral(" ADD COLUMN ")
+                                  + StoreColumns::quoted(fk) + QStringLiteral(" INTEGER");
         }
     }
     if (statements.isEmpty() && !fresh) {
@@ -281,14 +179,14 @@ void PersistentStoreCoordinator::loadObjects(ManagedObjectContext &context)
             // Images and frozen PDFs stay on disk until someone looks at them; the load only
             // asks whether there are bytes (1) or none (0).
             columns << (attribute.kind == AttributeKind::Binary
-                            ? QStringLiteral("(") + quoted(attribute.name) + QStringLiteral(" IS NOT NULL)")
-                            : quoted(attribute.name));
+                            ? QStringLiteral("(") + StoreColumns::quoted(attribute.name) + QStringLiteral(" IS NOT NULL)")
+                            : StoreColumns::quoted(attribute.name));
         }
-        const QStringList fks = foreignKeyColumns(*entity);
+        const QStringList fks = StoreColumns::foreignKeyColumns(*entity);
         for (const QString &fk : fks)
-            columns << quoted(fk);
+            columns << StoreColumns::quoted(fk);
         auto query = m_db.prepare(QStringLiteral("SELECT ") + columns.join(QStringLiteral(", ")) + QStringLiteral(" FROM ")
-                                  + quoted(entity->name()));
+                                  + StoreColumns::quoted(entity->name()));
         if (!query)
             fail(StoreError::Kind::Damaged, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_DAMAGED"), m_db.lastError());
         const auto &attributes = entity->attributes();
@@ -301,7 +199,7 @@ void PersistentStoreCoordinator::loadObjects(ManagedObjectContext &context)
                 if (attributes[i].kind == AttributeKind::Binary)
                     object->setPrimitiveValue(int(i), query->columnInt(column) != 0 ? AttributeValue(BlobFault{}) : AttributeValue());
                 else
-                    object->setPrimitiveValue(int(i), readColumn(*query, column, attributes[i].kind));
+                    object->setPrimitiveValue(int(i), StoreColumns::readColumn(*query, column, attributes[i].kind));
             }
             for (qsizetype f = 0; f < fks.size(); ++f) {
                 const int column = int(attributes.size()) + 1 + int(f);
@@ -349,24 +247,24 @@ void PersistentStoreCoordinator::writeObject(const ManagedObject &object, bool i
         const AttributeValue &value = object.primitiveValue(int(i));
         if (std::holds_alternative<BlobFault>(value))
             continue; // unchanged bytes that were never read
-        columns << quoted(attributes[i].name);
+        columns << StoreColumns::quoted(attributes[i].name);
         values.push_back(&value);
     }
     std::vector<const ManagedObject *> targets;
     for (const RelationshipDescription &relationship : entity.relationships()) {
         if (relationship.toMany)
             continue;
-        columns << quoted(relationship.name);
+        columns << StoreColumns::quoted(relationship.name);
         targets.push_back(object.toOne(relationship.name));
     }
     QString sql;
     if (insert) {
         QStringList marks(columns.size() + 1, QStringLiteral("?"));
-        sql = QStringLiteral("INSERT INTO ") + quoted(entity.name()) + QStringLiteral(" (\"pk\", ")
+        sql = QStringLiteral("INSERT INTO ") + StoreColumns::quoted(entity.name()) + QStringLiteral(" (\"pk\", ")
               + columns.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") + marks.join(QStringLiteral(", "))
               + QLatin1Char(')');
     } else {
-        sql = QStringLiteral("UPDATE ") + quoted(entity.name()) + QStringLiteral(" SET ")
+        sql = QStringLiteral("UPDATE ") + StoreColumns::quoted(entity.name()) + QStringLiteral(" SET ")
               + columns.join(QStringLiteral(" = ?, ")) + QStringLiteral(" = ? WHERE \"pk\" = ?");
     }
     SqliteStatement &st = statement(sql);
@@ -374,7 +272,7 @@ void PersistentStoreCoordinator::writeObject(const ManagedObject &object, bool i
     if (insert)
         st.bindInt(index++, object.primaryKey());
     for (const AttributeValue *value : values)
-        bindValue(st, index++, *value);
+        StoreColumns::bindValue(st, index++, *value);
     for (const ManagedObject *target : targets) {
         if (target)
             st.bindInt(index++, target->primaryKey());
@@ -397,7 +295,7 @@ void PersistentStoreCoordinator::save(const QList<ManagedObject *> &inserted, co
         fail(StoreError::Kind::SaveFailed, QT_TRANSLATE_NOOP("Velmora", "STORE_ERROR_SAVE_FAILED"), m_db.lastError());
     try {
         for (const ManagedObject *object : deleted) {
-            SqliteStatement &st = statement(QStringLiteral("DELETE FROM ") + quoted(object->entity().name())
+            SqliteStatement &st = statement(QStringLiteral("DELETE FROM ") + StoreColumns::quoted(object->entity().name())
                                             + QStringLiteral(" WHERE \"pk\" = ?"));
             st.bindInt(1, object->primaryKey());
             st.step();
@@ -422,8 +320,8 @@ std::optional<AttributeValue> PersistentStoreCoordinator::fetchBlob(const Entity
     if (!m_db.isOpen())
         return std::nullopt;
     try {
-        SqliteStatement &st = statement(QStringLiteral("SELECT ") + quoted(entity.attributes()[std::size_t(slot)].name)
-                                        + QStringLiteral(" FROM ") + quoted(entity.name()) + QStringLiteral(" WHERE \"pk\" = ?"));
+        SqliteStatement &st = statement(QStringLiteral("SELECT ") + StoreColumns::quoted(entity.attributes()[std::size_t(slot)].name)
+                                        + QStringLiteral(" FROM ") + StoreColumns::quoted(entity.name()) + QStringLiteral(" WHERE \"pk\" = ?"));
         st.bindInt(1, primaryKey);
         if (st.step()) {
             AttributeValue value = st.isNull(0) ? AttributeValue() : AttributeValue(st.columnBlob(0));

@@ -184,3 +184,17 @@ inline void expectSameAttributes(const ManagedObject &a, const ManagedObject &b)
 }
 
 } // namespace storetest
+
+// A test with a fresh folder for its store file.
+class StoreFixture : public ::testing::Test
+{
+protected:
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
+
+    void save(ManagedObjectContext &moc)
+    {
+        QString error;
+        ASSERT_TRUE(moc.save(&error)) << error.toStdString();
+    }
+};

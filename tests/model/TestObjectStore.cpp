@@ -56,17 +56,8 @@ void fillEveryAttribute(ManagedObject &object, int n)
     }
 }
 
-class ObjectStore : public ::testing::Test
+class ObjectStore : public StoreFixture
 {
-protected:
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
-
-    void save(ManagedObjectContext &moc)
-    {
-        QString error;
-        ASSERT_TRUE(moc.save(&error)) << error.toStdString();
-    }
 };
 
 TEST_F(ObjectStore, EveryAttributeOfEveryEntitySurvivesSaveAndReopen)

@@ -16,17 +16,8 @@ Decimal dec(const char *text)
     return *Decimal::parse(text);
 }
 
-class StoreRelationships : public ::testing::Test
+class StoreRelationships : public StoreFixture
 {
-protected:
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
-
-    void save(ManagedObjectContext &moc)
-    {
-        QString error;
-        ASSERT_TRUE(moc.save(&error)) << error.toStdString();
-    }
 };
 
 TEST_F(StoreRelationships, RelationshipsKeepBothSidesInStep)
