@@ -1,12 +1,12 @@
 #include "FKRLocalizationHelper.h"
 
+#include "QBKalender.h"
 #include "UserLocale.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QLocale>
 #include <QMutex>
-#include <QTimeZone>
 #include <QTranslator>
 #include <QtGlobal>
 
@@ -88,25 +88,6 @@ icu::Locale datumsLocale(std::optional<int> sprache)
     return icu::Locale(UserLocale::icuLocaleId().c_str());
 }
 
-// ICU keeps its own default zone from the first time it was asked; the user may have changed
-// the zone since (or a test sets TZ), so the zone is taken from the system on every call.
-icu::TimeZone *aktuelleZeitzone()
-{
-    const QByteArray id = QTimeZone::systemTimeZoneId();
-    if (!id.isEmpty()) {
-        icu::TimeZone *zone = icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(id.constData()));
-        if (zone && *zone != icu::TimeZone::getUnknown())
-            return zone;
-        delete zone;
-    }
-    return icu::TimeZone::detectHostTimeZone();
-}
-
-QString alsQString(const icu::UnicodeString &text)
-{
-    return QString(reinterpret_cast<const QChar *>(text.getBuffer()), text.length());
-}
-
 } // namespace
 
 QString FKRLocalizationHelper::lokalisierterText(const QString &key, std::optional<int> sprache)
@@ -130,10 +111,11 @@ QString FKRLocalizationHelper::lokalisiertesDatum(const QDateTime &date, DateSty
         icu::DateFormat::createDateTimeInstance(icuStil(dateStyle), icuStil(timeStyle), datumsLocale(sprache)));
     if (!format)
         return {};
-    format->adoptTimeZone(aktuelleZeitzone());
+    // The zone of the moment of the call, not the one ICU cached when it was first asked.
+    format->adoptTimeZone(QBKalender::aktuelleZeitzone().release());
     icu::UnicodeString text;
     format->format(static_cast<UDate>(date.toMSecsSinceEpoch()), text);
-    return alsQString(text);
+    return QBKalender::text(text);
 }
 
 QString FKRLocalizationHelper::hauptTabellenText(const QString &key)
