@@ -51,11 +51,14 @@ void ManagedObjectContext::deleteObject(ManagedObject *object)
         m_insertedObjects.removeOne(object);
         object->m_inserted = false;
     } else {
-        m_updatedObjects.removeOne(object);
+        if (object->m_updated)
+            m_updatedObjects.removeOne(object);
         object->m_updated = false;
         m_deletedObjects.append(object);
     }
-    m_registered[object->entity().name()].removeOne(object);
+    // Fetches skip deleted objects; the lists are compacted once per save, so emptying a large
+    // store stays linear.
+    m_hasDeletedRegistrations = true;
 
     const auto &relationships = object->entity().relationships();
     for (std::size_t i = 0; i < relationships.size(); ++i) {
@@ -91,13 +94,10 @@ QList<ManagedObject *> ManagedObjectContext::executeFetchRequest(const FetchRequ
     const auto it = m_registered.constFind(request.entityName);
     if (it == m_registered.constEnd())
         return result;
-    if (!request.predicate) {
-        result = *it;
-    } else {
-        for (ManagedObject *object : *it) {
-            if (request.predicate(*object))
-                result.append(object);
-        }
+    result.reserve(it->size());
+    for (ManagedObject *object : *it) {
+        if (!object->m_deleted && (!request.predicate || request.predicate(*object)))
+            result.append(object);
     }
     if (!request.sortDescriptors.isEmpty()) {
         // Absent values sort first, as they do in the store's own ordering.
@@ -148,6 +148,11 @@ bool ManagedObjectContext::save(QString *error)
     m_insertedObjects.clear();
     m_updatedObjects.clear();
     m_deletedObjects.clear();
+    if (m_hasDeletedRegistrations) {
+        for (QList<ManagedObject *> &objects : m_registered)
+            objects.removeIf([](const ManagedObject *object) { return object->m_deleted; });
+        m_hasDeletedRegistrations = false;
+    }
     Q_EMIT didSave();
     return true;
 }

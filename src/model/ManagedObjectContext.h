@@ -82,6 +82,7 @@ private:
     PersistentStoreCoordinator *m_coordinator;
     std::vector<std::unique_ptr<ManagedObject>> m_objects; // owns every object, deleted ones too
     QHash<QString, QList<ManagedObject *>> m_registered;   // per entity, in creation order
+    bool m_hasDeletedRegistrations = false;                 // m_registered still lists deleted ones
     QHash<QString, qint64> m_nextPrimaryKey;
     QList<ManagedObject *> m_insertedObjects;
     QList<ManagedObject *> m_updatedObjects;
