@@ -1,6 +1,7 @@
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core LinguistTools)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Pdf LinguistTools)
 find_package(SQLite3 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS uc i18n)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(GMPXX REQUIRED IMPORTED_TARGET gmpxx)
+pkg_check_modules(QPDF REQUIRED IMPORTED_TARGET libqpdf)
 find_package(nlohmann_json 3 REQUIRED)

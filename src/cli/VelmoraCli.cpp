@@ -2,6 +2,7 @@
 
 #include "AmountsCommand.h"
 #include "HelpCommand.h"
+#include "RenderCommand.h"
 
 #include <algorithm>
 #include <iomanip>
@@ -10,6 +11,7 @@
 VelmoraCli::VelmoraCli()
 {
     m_commands.push_back(std::make_unique<AmountsCommand>());
+    m_commands.push_back(std::make_unique<RenderCommand>());
     m_commands.push_back(std::make_unique<HelpCommand>(*this));
 }
 

@@ -11,6 +11,8 @@
 #include <QtGlobal>
 
 #include <unicode/datefmt.h>
+#include <unicode/dtptngen.h>
+#include <unicode/smpdtfmt.h>
 #include <unicode/locid.h>
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
@@ -99,6 +101,24 @@ QString FKRLocalizationHelper::lokalisierterText(const QString &key, std::option
             return text;
     }
     return hauptTabellenText(key);
+}
+
+QString FKRLocalizationHelper::lokalisierterMonat(const QDateTime &date, std::optional<int> sprache)
+{
+    if (!date.isValid())
+        return {};
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale = datumsLocale(sprache);
+    const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+        icu::DateTimePatternGenerator::createInstance(locale, status));
+    if (U_FAILURE(status) || !generator)
+        return {};
+    const icu::UnicodeString muster = generator->getBestPattern(icu::UnicodeString(u"yyyy-MMM"), status);
+    icu::SimpleDateFormat format(muster, locale, status);
+    if (U_FAILURE(status))
+        return {};
+    format.adoptTimeZone(QBKalender::aktuelleZeitzone().release());
+    return QBKalender::formatiere(format, date);
 }
 
 QString FKRLocalizationHelper::lokalisiertesDatum(const QDateTime &date, DateStyle dateStyle, DateStyle timeStyle,

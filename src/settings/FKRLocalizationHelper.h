@@ -44,6 +44,10 @@ public:
     static QString lokalisiertesDatum(const QDateTime &date, DateStyle dateStyle, DateStyle timeStyle,
                                       std::optional<int> sprache);
 
+    // Month and year of the date in the document's language, from the localised template
+    // "yyyy-MMM" ("Nov. 2026" in German, "Nov 2026" in English); locales as lokalisiertesDatum.
+    static QString lokalisierterMonat(const QDateTime &date, std::optional<int> sprache);
+
     // The user's main table: the text of the key in the user's language, the key itself when missing.
     static QString hauptTabellenText(const QString &key);
 

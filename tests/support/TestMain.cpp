@@ -1,3 +1,5 @@
+#include "TestAnwendung.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
@@ -25,7 +27,7 @@ int main(int argc, char **argv)
         setenv("TZ", "Europe/Berlin", 1);
     }
     ::testing::InitGoogleTest(&argc, argv);
-    QCoreApplication app(argc, argv);
+    const std::unique_ptr<QCoreApplication> app = erzeugeTestAnwendung(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
     QCoreApplication::setApplicationName(QStringLiteral("Velmora-Rechnungen"));
     return RUN_ALL_TESTS();

@@ -1,0 +1,110 @@
+#include "FKRPDFSeitenleisteLayout.h"
+
+#include "FKRAbsender.h"
+#include "FKRLocalizationHelper.h"
+#include "FKRPDFAbsenderZeilen.h"
+#include "FKRRechnung.h"
+
+FKRPDFSeitenleisteLayout::FKRPDFSeitenleisteLayout(QObject *parent)
+    : FKRPDFLayout(parent)
+{
+}
+
+double FKRPDFSeitenleisteLayout::schreibeInhaltFuerRechnung(FKRRechnung &rechnung, double y)
+{
+    FKRPDFLayout::schreibeInhaltFuerRechnung(rechnung, y);
+
+    const double cm = kcm();
+    rechnungsNummerXPosition = randLinks();
+    rechnungsNummerYPosition = 9.5 * cm;
+    rechnungsNummerWidth = 12.0 * cm;
+    rechnungsTextAnredeXPosition = randLinks();
+    rechnungsTextAnredeWidth = 12.0 * cm;
+    rechnungsTextXPosition = randLinks();
+    rechnungsTextWidth = 12.0 * cm;
+    setKSpalte1Breite(5.5 * cm);
+    setKSpalte2Breite(2.0 * cm);
+    setKSpalte3Breite(2.0 * cm);
+    setKSpalte4Breite(2.5 * cm);
+    absenderBlockXPosition = 15.0 * cm;
+    absenderBlockYPosition = randOben();
+    absenderBlockWidth = 5.5 * cm;
+
+    schreibeSeitenleiste(rechnung, absenderBlockYPosition);
+    zeichneLogo(rechnung, absenderBlockYPosition);
+    // The dates are part of the column, so the body follows directly.
+    schreibeHauptteil(rechnung);
+    return y;
+}
+
+double FKRPDFSeitenleisteLayout::schreibeSeitenleiste(FKRRechnung &rechnung, double y)
+{
+    const FKRAbsender *absender = rechnung.absender();
+    if (!absender)
+        return y;
+    // The letterhead already carries the sender's details; only the dates are the document's own.
+    if (hatGeschaeftspapier(absender))
+        return schreibeDatumsAngaben(rechnung, datumsAngabenBlockYPosition);
+
+    const std::optional<int> sprache = rechnung.sprache();
+    const auto gruppe = [&](const QStringList &zeilen, double von) {
+        return FKRPDFAbsenderZeilen::schreibe(*this, zeilen, textFont, absenderBlockXPosition, absenderBlockWidth, von);
+    };
+    y = gruppe(FKRPDFAbsenderZeilen::adresse(*absender), y);
+    y = gruppe(FKRPDFAbsenderZeilen::kontakt(*absender), y + 0.4 * kcm());
+    y = gruppe(FKRPDFAbsenderZeilen::steuer(*absender, sprache), y + 0.4 * kcm());
+    y = gruppe(FKRPDFAbsenderZeilen::bank(*absender, sprache), y + 0.4 * kcm());
+    return schreibeDatumsZeilen(rechnung, y + 0.8 * kcm(), Links, absenderBlockXPosition, absenderBlockWidth);
+}
+
+double FKRPDFSeitenleisteLayout::schreibeDatumsAngaben(FKRRechnung &rechnung, double y)
+{
+    datumsAngabenBlockXPosition = randLinks() + rechnungsTextWidth - datumsAngabenBlockWidth;
+    return schreibeDatumsZeilen(rechnung, y, Rechts, datumsAngabenBlockXPosition, datumsAngabenBlockWidth);
+}
+
+double FKRPDFSeitenleisteLayout::schreibeDatumsZeilen(FKRRechnung &rechnung, double y, int ausrichtung, double x,
+                                                      double weite)
+{
+    const auto zeile = [&](const QString &text) {
+        y = schreibeText(text, ausrichtung, textFont, x, y, weite, pageSize().height() - y, true);
+    };
+    for (const DatumsZeile &angabe : datumsZeilen(rechnung)) {
+        if (angabe.abstandDavor)
+            y += 0.4 * kcm();
+        if (!angabe.label.isEmpty()) {
+            zeile(angabe.label);
+            zeile(angabe.datum);
+        }
+    }
+    seitennummerBlockYPosition = y + 0.4 * kcm();
+    return y;
+}
+
+double FKRPDFSeitenleisteLayout::zeichneLogo(FKRRechnung &rechnung, double y)
+{
+    const FKRAbsender *absender = rechnung.absender();
+    if (!absender || hatGeschaeftspapier(absender))
+        return y;
+    const double rechteKante = absenderBlockXPosition - 0.5 * kcm();
+    if (const auto bild = absender->logoImageBinary())
+        return zeichneBild(bild, Rechts, rechteKante, y, 13.0 * kcm(), 4.5 * kcm());
+    return zeichneBildMitDateiPfad(absender->logoImagePath(), Rechts, rechteKante, y, 13.0 * kcm(), 4.5 * kcm());
+}
+
+void FKRPDFSeitenleisteLayout::schreibeSeitennummer(uint seite, FKRRechnung &rechnung)
+{
+    seitennummerBlockXPosition = datumsAngabenBlockXPosition;
+    seitennummerBlockWidth = datumsAngabenBlockWidth;
+    const QString nummer = FKRLocalizationHelper::lokalisierterText(QStringLiteral("PDF_EXPORT_SEITENNUMMER"),
+                                                                    rechnung.sprache())
+                           + QString::number(seite);
+    // Further pages have no column; their number stands where the column would begin, half a
+    // centimetre above the continued text.
+    const double y = seite == 1 ? seitennummerBlockYPosition : randObenZweiteSeite() - 0.5 * kcm();
+    if (hatGeschaeftspapier(rechnung.absender()))
+        schreibeText(nummer, Rechts, textFont, seitennummerBlockXPosition, y, seitennummerBlockWidth, 1.0 * kcm(),
+                     false, 0.0);
+    else
+        schreibeText(nummer, Links, textFont, absenderBlockXPosition, y, absenderBlockWidth, 1.0 * kcm(), false, 0.0);
+}

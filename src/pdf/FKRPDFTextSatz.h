@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <QTextLayout>
+
+class QPainter;
+
+// One text broken into lines for a box of a given width: the measuring and drawing engine of
+// the page writer.
+//
+// Lines are laid out in device units of the PDF (kMassstab per point) with a font of the same
+// scale, so measuring needs no open file and gives exactly the geometry that is later drawn.
+// Line feeds in the text start new lines; long lines wrap at word boundaries (a word wider than
+// the box is broken anywhere). Each line is the font size × FKRPDFSchriften::kZeilenhoehe high
+// and followed by the extra spacing, so a text of n lines is n × (line height + spacing) high,
+// and texts drawn one below the other keep the rhythm of one paragraph.
+class FKRPDFTextSatz
+{
+public:
+    // Device units per point of the PDF files (a resolution of 720 dpi), fine enough for
+    // fractional font sizes and positions.
+    static constexpr double kMassstab = 10.0;
+
+    // `zeilenabstand` is the extra space after each line as a fraction of the font's point size;
+    // `breite` is the box width in points; `ausrichtung` Qt::AlignLeft or Qt::AlignRight.
+    FKRPDFTextSatz(const QString &text, const QFont &font, double breite, Qt::Alignment ausrichtung,
+                   double zeilenabstand);
+
+    int zeilen() const { return m_zeilen; }
+    // Width of the widest line and height of all lines, in points.
+    double breite() const { return m_breite; }
+    double hoehe() const { return m_zeilen * m_zeilenSchritt; }
+
+    // Draws the lines with the box's top-left corner at `obenLinks` (device units).
+    void zeichne(QPainter &painter, QPointF obenLinks) const;
+
+private:
+    QTextLayout m_layout;
+    int m_zeilen = 0;
+    double m_breite = 0.0;
+    double m_zeilenSchritt = 0.0;
+};
