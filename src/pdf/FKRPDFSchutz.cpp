@@ -54,11 +54,15 @@ QByteArray FKRPDFSchutz::schuetze(const QByteArray &pdf, const QList<QSizeF> &se
         const std::string eigentuemer = neuesEigentuemerPasswort().toStdString();
         QPDFWriter schreiber(dokument);
         schreiber.setOutputMemory();
-        schreiber.setR6EncryptionParameters("", eigentuemer.c_str(),
-                                            /*allow_accessibility*/ true, /*allow_extract*/ true,
-                                            /*allow_assemble*/ false, /*allow_annotate_and_form*/ false,
-                                            /*allow_form_filling*/ false, /*allow_modify_other*/ false,
-                                            qpdf_r3p_full, /*encrypt_metadata*/ true);
+        // AES-128 (revision 4): the file opens without a password anyway, so the stronger key
+        // derivation of AES-256 would protect nothing more and costs several milliseconds per
+        // file, which the document view pays on every change. qpdf calls revision 4 "insecure"
+        // because newer PDF versions deprecate it; every reader still supports it.
+        schreiber.setR4EncryptionParametersInsecure("", eigentuemer.c_str(),
+                                                    /*allow_accessibility*/ true, /*allow_extract*/ true,
+                                                    /*allow_assemble*/ false, /*allow_annotate_and_form*/ false,
+                                                    /*allow_form_filling*/ false, /*allow_modify_other*/ false,
+                                                    qpdf_r3p_full, /*encrypt_metadata*/ true, /*use_aes*/ true);
         schreiber.write();
         const std::shared_ptr<Buffer> puffer = schreiber.getBufferSharedPointer();
         return QByteArray(reinterpret_cast<const char *>(puffer->getBuffer()), static_cast<qsizetype>(puffer->getSize()));

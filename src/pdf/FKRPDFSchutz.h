@@ -10,7 +10,7 @@
 //  - each page gets its exact media box (the drawing engine rounds it to whole points, but an
 //    A4 page is 595.276 × 841.89 points);
 //  - the document information gets title, creator and author (FKRPDFHerausgeber);
-//  - the file is encrypted with AES and an owner password made of the first 28 characters of a
+//  - the file is encrypted with AES-128 and an owner password made of the first 28 characters of a
 //    fresh UUID, with no user password: it opens without a password, printing and copying
 //    are allowed, and its other permissions are protected.
 class FKRPDFSchutz

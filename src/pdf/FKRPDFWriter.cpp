@@ -34,11 +34,17 @@ Bild dekodiere(const QByteArray &daten)
     Bild ergebnis{QImage::fromData(daten), {}};
     if (ergebnis.bild.isNull())
         return ergebnis;
-    const auto punkteJeBildpunkt = [](int punkteJeMeter) {
-        return punkteJeMeter > 0 ? 72.0 / (punkteJeMeter * 0.0254) : 1.0;
+    // A file that states no resolution gets the resolution of a new image (that of the screen),
+    // which would make the same logo print at different sizes on different machines; it is taken
+    // as 72 dpi, one point per pixel, instead. A file that states exactly the screen's resolution
+    // is read the same way.
+    const QImage neu(1, 1, QImage::Format_RGB32);
+    const auto punkteJeBildpunkt = [](int punkteJeMeter, int ohneAngabe) {
+        return punkteJeMeter > 0 && punkteJeMeter != ohneAngabe ? 72.0 / (punkteJeMeter * 0.0254) : 1.0;
     };
-    ergebnis.punkte = QSizeF(ergebnis.bild.width() * punkteJeBildpunkt(ergebnis.bild.dotsPerMeterX()),
-                             ergebnis.bild.height() * punkteJeBildpunkt(ergebnis.bild.dotsPerMeterY()));
+    ergebnis.punkte =
+        QSizeF(ergebnis.bild.width() * punkteJeBildpunkt(ergebnis.bild.dotsPerMeterX(), neu.dotsPerMeterX()),
+               ergebnis.bild.height() * punkteJeBildpunkt(ergebnis.bild.dotsPerMeterY(), neu.dotsPerMeterY()));
     return ergebnis;
 }
 

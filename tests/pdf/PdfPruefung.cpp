@@ -18,7 +18,8 @@ double zahl(const QXmlStreamAttributes &attribute, const char *name)
 }
 
 // "Key: value" (pdfinfo, qpdf) and "key = value" lines (qpdf) into a map; the first separator
-// of a line counts, so values may contain colons (a web address).
+// of a line counts, so values may contain colons (a web address). A line without a separator
+// is a key with an empty value.
 QMap<QString, QString> schluesselWerte(const QByteArray &ausgabe)
 {
     QMap<QString, QString> werte;
@@ -31,6 +32,8 @@ QMap<QString, QString> schluesselWerte(const QByteArray &ausgabe)
         }
         if (stelle > 0)
             werte.insert(zeile.left(stelle).trimmed(), zeile.mid(stelle + laenge).trimmed());
+        else if (!zeile.trimmed().isEmpty())
+            werte.insert(zeile.trimmed(), QString()); // a statement of its own
     }
     return werte;
 }

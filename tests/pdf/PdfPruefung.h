@@ -55,7 +55,8 @@ public:
 
     // "Key: value" lines of pdfinfo (Title, Creator, Author, Encrypted, Pages, …).
     QMap<QString, QString> info() const;
-    // qpdf --show-encryption as key → value ("R" → "6", "print high resolution" → "allowed").
+    // qpdf --show-encryption as key → value ("R" → "4", "print high resolution" → "allowed";
+    // statements such as "Supplied password is user password" are keys with an empty value).
     QMap<QString, QString> verschluesselung() const;
     // The entries of the file's encryption dictionary that make it unique (/O, /U, /OE, /UE,
     // /Perms), as qpdf shows them.

@@ -1,0 +1,129 @@
+// Images and areas on the page, measured on a rendering of the written file: fitted into
+// their boxes without enlarging or distortion, from bytes or file URLs, nothing for anything
+// that is not a picture; grey lines and filled rectangles.
+#include "WriterTestSupport.h"
+
+#include <QFile>
+#include <QUrl>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace writertest;
+
+namespace {
+
+TEST_F(PDFWriter, ImagesAreFittedIntoTheirBoxWithoutEnlargingOrDistortion)
+{
+    QList<double> ys;
+    const PdfPruefung pdf = schreibe(m_writer, u"bilder.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
+        // Small: its own size. Wide: limited by the width. Tall: limited by the height. Wide and
+        // still too tall after that: limited by the height. Right-aligned: right edge at x.
+        ys << w.zeichneBild(png({60, 40}, Qt::red), FKRPDFWriter::Links, 100, 100, 200, 200)
+           << w.zeichneBild(png({400, 100}, Qt::green), FKRPDFWriter::Links, 100, 200, 200, 200)
+           << w.zeichneBild(png({100, 400}, Qt::blue), FKRPDFWriter::Links, 350, 100, 200, 200)
+           << w.zeichneBild(png({400, 300}, Qt::magenta), FKRPDFWriter::Links, 100, 400, 200, 100)
+           << w.zeichneBild(png({60, 40}, Qt::cyan), FKRPDFWriter::Rechts, 500, 600, 200, 200)
+           // Twice the resolution: half the size on paper.
+           << w.zeichneBild(png({100, 100}, Qt::yellow, 5669), FKRPDFWriter::Links, 100, 600, 200, 200);
+    });
+    const QImage bild = pdf.bild(1, kDpi);
+    const struct
+    {
+        QColor farbe;
+        QRectF erwartet;
+    } faelle[] = {
+        {Qt::red, QRectF(100, 100, punkte(60), punkte(40))},
+        {Qt::green, QRectF(100, 200, 200, 50)},
+        {Qt::blue, QRectF(350, 100, 50, 200)},
+        {Qt::magenta, QRectF(100, 400, 100 * 400.0 / 300.0, 100)},
+        {Qt::cyan, QRectF(500 - punkte(60), 600, punkte(60), punkte(40))},
+        {Qt::yellow, QRectF(100, 600, punkte(100, 5669), punkte(100, 5669))},
+    };
+    for (int i = 0; i < int(std::size(faelle)); ++i) {
+        SCOPED_TRACE(faelle[i].farbe.name().toStdString());
+        const QRectF gezeichnet = flaeche(bild, faelle[i].farbe);
+        const QRectF &erwartet = faelle[i].erwartet;
+        EXPECT_NEAR(gezeichnet.left(), erwartet.left(), 0.5) << testing::PrintToString(gezeichnet);
+        EXPECT_NEAR(gezeichnet.top(), erwartet.top(), 0.5) << testing::PrintToString(gezeichnet);
+        EXPECT_NEAR(gezeichnet.right(), erwartet.right(), 0.5) << testing::PrintToString(gezeichnet);
+        EXPECT_NEAR(gezeichnet.bottom(), erwartet.bottom(), 0.5) << testing::PrintToString(gezeichnet);
+        EXPECT_NEAR(ys.at(i), erwartet.bottom(), 1e-6);
+    }
+}
+
+TEST_F(PDFWriter, ImageWithoutStatedResolutionTakesOnePointPerPixel)
+{
+    // Whatever screen the program runs on: a picture that states no resolution is measured at
+    // 72 dpi, so the same document comes out the same everywhere.
+    const QByteArray ohneAufloesung = png({100, 50}, Qt::red, 0);
+    ASSERT_FALSE(ohneAufloesung.contains("pHYs"));
+    double y = 0;
+    const PdfPruefung pdf = schreibe(m_writer, u"ohne-aufloesung.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
+        y = w.zeichneBild(ohneAufloesung, FKRPDFWriter::Links, 100, 100, 400, 400);
+    });
+    EXPECT_NEAR(y, 150, 1e-6);
+    const QRectF rot = flaeche(pdf.bild(1, kDpi), Qt::red);
+    EXPECT_NEAR(rot.width(), 100, 0.5);
+    EXPECT_NEAR(rot.height(), 50, 0.5);
+}
+
+TEST_F(PDFWriter, ImagesFromFileUrlsAndImagesThatCannotBeDrawn)
+{
+    const QString datei = pfad(u"logo.png"_s);
+    QFile png_(datei);
+    ASSERT_TRUE(png_.open(QIODevice::WriteOnly));
+    png_.write(png({80, 20}, Qt::red));
+    png_.close();
+    const QString url = QUrl::fromLocalFile(datei).toString();
+    ASSERT_TRUE(url.startsWith(u"file:///"_s));
+
+    QList<double> nichts;
+    double ausDatei = 0;
+    const PdfPruefung pdf = schreibe(m_writer, u"url.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
+        for (const std::optional<QByteArray> &bytes :
+             {std::optional<QByteArray>(), std::optional(QByteArray()), std::optional("kein Bild"_ba),
+              std::optional(png({80, 20}, Qt::blue).left(60))})
+            nichts << w.zeichneBild(bytes, FKRPDFWriter::Links, 100, 300, 200, 200);
+        for (const std::optional<QString> &ort :
+             {std::optional<QString>(), std::optional(datei), std::optional(u"nicht ganz eine URL %%"_s),
+              std::optional(u"https://velmora.example/logo.png"_s),
+              std::optional(QUrl::fromLocalFile(pfad(u"fehlt.png"_s)).toString())})
+            nichts << w.zeichneBildMitDateiPfad(ort, FKRPDFWriter::Links, 100, 300, 200, 200);
+        ausDatei = w.zeichneBildMitDateiPfad(url, FKRPDFWriter::Rechts, 400, 100, 200, 200);
+    });
+    EXPECT_EQ(nichts, QList<double>(9, 300.0));
+    EXPECT_NEAR(ausDatei, 100 + punkte(20), 1e-6);
+    const QImage bild = pdf.bild(1, kDpi);
+    const QRectF rot = flaeche(bild, Qt::red);
+    EXPECT_NEAR(rot.right(), 400, 0.5);
+    EXPECT_NEAR(rot.width(), punkte(80), 0.7);
+    EXPECT_TRUE(flaeche(bild, Qt::blue).isNull()) << "a truncated image must not be drawn in part";
+}
+
+TEST_F(PDFWriter, LinesAreGreyAndAreasAreFilledEitherWay)
+{
+    const PdfPruefung pdf = schreibe(m_writer, u"linien.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
+        w.zeichneWaagerechteLinieAnYPosition(150, 100, 300, 2);
+        w.fuelleRechteckVonStartpunkt({100, 200}, {200, 250}, Qt::blue);
+        // The end above the start: the area extends from the start downward all the same.
+        w.fuelleRechteckVonStartpunkt({300, 250}, {400, 200}, Qt::green);
+        w.schreibeText(u"Danach"_s, FKRPDFWriter::Links, m_font, 100, 300, 300, 100, true);
+    });
+    const QImage bild = pdf.bild(1, kDpi);
+    const QRgb linie = bild.pixel(int(200 * kDpi / 72), int(150 * kDpi / 72));
+    EXPECT_NEAR(qRed(linie), 128, 16);
+    EXPECT_EQ(qRed(linie), qBlue(linie));
+    EXPECT_EQ(tinte(bild, 99, 150), 0);
+    EXPECT_EQ(tinte(bild, 301, 150), 0);
+    const QRectF blau = flaeche(bild, Qt::blue), gruen = flaeche(bild, Qt::green);
+    EXPECT_NEAR(blau.left(), 100, 0.5);
+    EXPECT_NEAR(blau.top(), 200, 0.5);
+    EXPECT_NEAR(blau.bottom(), 250, 0.5);
+    EXPECT_NEAR(gruen.top(), 200, 0.5);
+    EXPECT_NEAR(gruen.bottom(), 250, 0.5);
+    // A fill leaves no colour behind for the text that follows.
+    const auto danach = pdf.finde(1, u"Danach"_s);
+    ASSERT_TRUE(danach);
+    EXPECT_TRUE(flaeche(bild, Qt::black).intersects(*danach));
+}
+
+} // namespace
