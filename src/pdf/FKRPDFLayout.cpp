@@ -70,7 +70,13 @@ void FKRPDFLayout::erstellePDFDateiImPfad(const QString &pfad, FKRRechnung &rech
     // document after the user switched paper sizes already has pages of the new size.
     setzeSeitenGeometrie();
     startePDFDateiImPfad(pfad, rechnung);
-    schreibeInhaltFuerRechnung(rechnung, 0.0);
+    try {
+        schreibeInhaltFuerRechnung(rechnung, 0.0);
+    } catch (...) {
+        // A value the amounts cannot do without: nothing of the half-drawn file reaches the path.
+        verwerfePDFDatei();
+        throw;
+    }
     beendePDFDatei(rechnung);
 }
 

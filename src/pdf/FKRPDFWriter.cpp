@@ -115,6 +115,12 @@ void FKRPDFWriter::beendePDFDatei(FKRRechnung &rechnung)
     m_letzteDateiGeschrieben = datei().schliesse(&m_letzterSchreibFehler);
 }
 
+void FKRPDFWriter::verwerfePDFDatei()
+{
+    m_pdfContext.reset();
+    m_letzteDateiGeschrieben = false;
+}
+
 // ---- Hooks ----
 
 void FKRPDFWriter::erstellePDFDateiImPfad(const QString &, FKRRechnung &) {}

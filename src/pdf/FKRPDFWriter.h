@@ -66,6 +66,9 @@ public:
     // Numbers the last page when there are two or more, ends it and finishes the file.
     void beendePDFDatei(FKRRechnung &rechnung);
 
+    // Abandons the open file without writing anything to its path (drawing failed halfway).
+    void verwerfePDFDatei();
+
     // Whether the last file was written to its path, and why not. The file at the path keeps
     // its previous content when writing failed.
     bool letzteDateiGeschrieben() const { return m_letzteDateiGeschrieben; }
