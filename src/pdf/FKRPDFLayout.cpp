@@ -225,9 +225,13 @@ double FKRPDFLayout::schreibeRechnungsText2(FKRRechnung &rechnung, double y)
 
 double FKRPDFLayout::schreibeDatumsAngaben(FKRRechnung &rechnung, double y)
 {
+    return schreibeDatumsZeilen(rechnung, y, Rechts, datumsAngabenBlockXPosition, datumsAngabenBlockWidth);
+}
+
+double FKRPDFLayout::schreibeDatumsZeilen(FKRRechnung &rechnung, double y, int ausrichtung, double x, double weite)
+{
     const auto zeile = [&](const QString &text) {
-        y = schreibeText(text, Rechts, textFont, datumsAngabenBlockXPosition, y, datumsAngabenBlockWidth,
-                         pageSize().height() - y, true);
+        y = schreibeText(text, ausrichtung, textFont, x, y, weite, pageSize().height() - y, true);
     };
     for (const DatumsZeile &angabe : datumsZeilen(rechnung)) {
         if (angabe.abstandDavor)

@@ -95,6 +95,9 @@ public:
     double seitennummerBlockWidth = 0.0;
 
 protected:
+    // The dates block's lines, aligned within (x, weite) from y; sets the page number's y below them.
+    double schreibeDatumsZeilen(FKRRechnung &rechnung, double y, int ausrichtung, double x, double weite);
+
     // Parts of the item table (FKRPDFLayoutPosten.cpp).
     double schreibePostenKopf(FKRRechnung &rechnung, double y);
     double schreibePostenZeile(const FKRPosten &posten, FKRRechnung &rechnung, double y);

@@ -63,24 +63,6 @@ double FKRPDFSeitenleisteLayout::schreibeDatumsAngaben(FKRRechnung &rechnung, do
     return schreibeDatumsZeilen(rechnung, y, Rechts, datumsAngabenBlockXPosition, datumsAngabenBlockWidth);
 }
 
-double FKRPDFSeitenleisteLayout::schreibeDatumsZeilen(FKRRechnung &rechnung, double y, int ausrichtung, double x,
-                                                      double weite)
-{
-    const auto zeile = [&](const QString &text) {
-        y = schreibeText(text, ausrichtung, textFont, x, y, weite, pageSize().height() - y, true);
-    };
-    for (const DatumsZeile &angabe : datumsZeilen(rechnung)) {
-        if (angabe.abstandDavor)
-            y += 0.4 * kcm();
-        if (!angabe.label.isEmpty()) {
-            zeile(angabe.label);
-            zeile(angabe.datum);
-        }
-    }
-    seitennummerBlockYPosition = y + 0.4 * kcm();
-    return y;
-}
-
 double FKRPDFSeitenleisteLayout::zeichneLogo(FKRRechnung &rechnung, double y)
 {
     const FKRAbsender *absender = rechnung.absender();

@@ -31,9 +31,4 @@ public:
     double absenderBlockXPosition = 0.0;
     double absenderBlockYPosition = 0.0;
     double absenderBlockWidth = 0.0;
-
-private:
-    // The lines of the dates block in (x, weite) with the given alignment from y; remembers where
-    // the first page's number goes. Returns the y below the last line.
-    double schreibeDatumsZeilen(FKRRechnung &rechnung, double y, int ausrichtung, double x, double weite);
 };
