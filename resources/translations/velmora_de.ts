@@ -491,5 +491,82 @@
         <extracomment>Kept in the German table only: the lookup tests use it to check that an English document falls back to the user's language for a key the English table lacks.</extracomment>
         <translation>Nur im deutschen Katalog</translation>
     </message>
+    <message>
+        <source>MENU_DATEI</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>MENU_SICHERN</source>
+        <translation>&amp;Sichern</translation>
+    </message>
+    <message>
+        <source>MENU_DATENSICHERUNG_JETZT</source>
+        <translation>Datensicherung &amp;jetzt erstellen</translation>
+    </message>
+    <message>
+        <source>MENU_DATENBANK_IMPORTIEREN</source>
+        <translation>Datenbank &amp;importieren …</translation>
+    </message>
+    <message>
+        <source>MENU_BEENDEN</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>SPALTE_NUMMER</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>SPALTE_EMPFAENGER</source>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>SPALTE_STATUS</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>SPALTE_FAELLIG</source>
+        <translation>Fällig am</translation>
+    </message>
+    <message>
+        <source>SPALTE_SUMME</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>STATUS_ENTWURF</source>
+        <translation>Entwurf</translation>
+    </message>
+    <message>
+        <source>STATUS_VERSENDET</source>
+        <translation>Versendet</translation>
+    </message>
+    <message>
+        <source>STATUS_FAELLIG</source>
+        <translation>Fällig</translation>
+    </message>
+    <message>
+        <source>STATUS_BEZAHLT</source>
+        <translation>Bezahlt</translation>
+    </message>
+    <message>
+        <source>HAUPTFENSTER_OFFENES_DOKUMENT</source>
+        <translation>Posten des gewählten Dokuments (hierhin werden importierte Posten übernommen)</translation>
+    </message>
+    <message>
+        <source>STATUS_DATENSICHERUNG_LAEUFT</source>
+        <translation>Datensicherung wird erstellt …</translation>
+    </message>
+    <message>
+        <source>STATUS_DATENSICHERUNG_FERTIG</source>
+        <translation>Datensicherung gespeichert: </translation>
+    </message>
+    <message>
+        <source>STATUS_IMPORT_LAEUFT</source>
+        <translation>Datenbank wird importiert …</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_ANZEIGEN</source>
+        <extracomment>The click action of a due-document notification, where the desktop lists actions.</extracomment>
+        <translation>Anzeigen</translation>
+    </message>
 </context>
 </TS>

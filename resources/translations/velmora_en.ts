@@ -485,5 +485,82 @@
         <source>BUTTON_TITLE_TROTZDEMBEENDEN</source>
         <translation>Quit Anyway</translation>
     </message>
+    <message>
+        <source>MENU_DATEI</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>MENU_SICHERN</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>MENU_DATENSICHERUNG_JETZT</source>
+        <translation>&amp;Back Up Now</translation>
+    </message>
+    <message>
+        <source>MENU_DATENBANK_IMPORTIEREN</source>
+        <translation>&amp;Import Database…</translation>
+    </message>
+    <message>
+        <source>MENU_BEENDEN</source>
+        <translation>&amp;Quit</translation>
+    </message>
+    <message>
+        <source>SPALTE_NUMMER</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>SPALTE_EMPFAENGER</source>
+        <translation>Recipient</translation>
+    </message>
+    <message>
+        <source>SPALTE_STATUS</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>SPALTE_FAELLIG</source>
+        <translation>Due</translation>
+    </message>
+    <message>
+        <source>SPALTE_SUMME</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>STATUS_ENTWURF</source>
+        <translation>Draft</translation>
+    </message>
+    <message>
+        <source>STATUS_VERSENDET</source>
+        <translation>Sent</translation>
+    </message>
+    <message>
+        <source>STATUS_FAELLIG</source>
+        <translation>Due</translation>
+    </message>
+    <message>
+        <source>STATUS_BEZAHLT</source>
+        <translation>Paid</translation>
+    </message>
+    <message>
+        <source>HAUPTFENSTER_OFFENES_DOKUMENT</source>
+        <translation>Items of the selected document (imported items are added here)</translation>
+    </message>
+    <message>
+        <source>STATUS_DATENSICHERUNG_LAEUFT</source>
+        <translation>Creating backup…</translation>
+    </message>
+    <message>
+        <source>STATUS_DATENSICHERUNG_FERTIG</source>
+        <translation>Backup saved: </translation>
+    </message>
+    <message>
+        <source>STATUS_IMPORT_LAEUFT</source>
+        <translation>Importing database…</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_ANZEIGEN</source>
+        <extracomment>The click action of a due-document notification, where the desktop lists actions.</extracomment>
+        <translation>Show</translation>
+    </message>
 </context>
 </TS>

@@ -1,8 +1,10 @@
 #include "VelmoraCli.h"
 
 #include "AmountsCommand.h"
+#include "BackupCommand.h"
 #include "HelpCommand.h"
 #include "RenderCommand.h"
+#include "RestoreCommand.h"
 
 #include <algorithm>
 #include <iomanip>
@@ -12,6 +14,8 @@ VelmoraCli::VelmoraCli()
 {
     m_commands.push_back(std::make_unique<AmountsCommand>());
     m_commands.push_back(std::make_unique<RenderCommand>());
+    m_commands.push_back(std::make_unique<BackupCommand>());
+    m_commands.push_back(std::make_unique<RestoreCommand>());
     m_commands.push_back(std::make_unique<HelpCommand>(*this));
 }
 

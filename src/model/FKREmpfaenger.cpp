@@ -1,8 +1,10 @@
 #include "FKREmpfaenger.h"
 
 #include "FKRAnzeigeName.h"
+#include "FKRImportAnfrage.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRRechnung.h"
+#include "ManagedObjectContext.h"
 #include "ManagedObjectModel.h"
 
 const EntityDescription &FKREmpfaenger::entityDescription()
@@ -32,4 +34,23 @@ QList<FKRRechnung *> FKREmpfaenger::rechnungen() const
     for (ManagedObject *object : toMany(QStringLiteral("rechnungen")))
         result.append(static_cast<FKRRechnung *>(object));
     return result;
+}
+
+FKREmpfaenger *FKREmpfaenger::findeEmpfaengerFuerImportAuftraggeberStringWithAuftraggeber(
+    const QString &auftraggeber, const QString &auftraggeberAdresse, const ManagedObjectModel &model,
+    ManagedObjectContext &context)
+{
+    QList<FKREmpfaenger *> alle;
+    if (const auto anfrage = model.fetchRequestTemplate(QStringLiteral("AlleEmpfaengerFetchRequest"))) {
+        for (ManagedObject *object : context.executeFetchRequest(*anfrage)) {
+            if (auto *empfaenger = qobject_cast<FKREmpfaenger *>(object))
+                alle.append(empfaenger);
+        }
+    }
+    if (FKREmpfaenger *gefunden = FKRImportAnfrage::passenderEmpfaenger(alle, auftraggeber))
+        return gefunden;
+    auto *neu = context.insertNewObject<FKREmpfaenger>();
+    neu->setName(auftraggeber);
+    neu->setNotiz(auftraggeberAdresse);
+    return neu;
 }

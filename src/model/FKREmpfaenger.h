@@ -5,6 +5,8 @@
 #include <QList>
 
 class FKRRechnung;
+class ManagedObjectContext;
+class ManagedObjectModel;
 
 // A customer to whom documents are addressed.
 class FKREmpfaenger : public ManagedObject
@@ -48,6 +50,14 @@ public:
     QString firmaNameAdresse() const;
 
     QList<FKRRechnung *> rechnungen() const;
+
+    // The recipient for a client named by the item import: the first of all recipients (the
+    // model's "AlleEmpfaengerFetchRequest") whose name, or else whose company, equals
+    // `auftraggeber` exactly; otherwise a new one in `context` with that name and
+    // `auftraggeberAdresse` as its note. The caller saves.
+    static FKREmpfaenger *findeEmpfaengerFuerImportAuftraggeberStringWithAuftraggeber(
+        const QString &auftraggeber, const QString &auftraggeberAdresse, const ManagedObjectModel &model,
+        ManagedObjectContext &context);
 
 Q_SIGNALS:
     void archiviertChanged();

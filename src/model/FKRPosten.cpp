@@ -1,5 +1,7 @@
 #include "FKRPosten.h"
 
+#include "FKREmpfaenger.h"
+#include "FKRImportAnfrage.h"
 #include "FKRRechnung.h"
 #include "ManagedObjectModel.h"
 
@@ -17,4 +19,15 @@ FKRRechnung *FKRPosten::rechnung() const
 void FKRPosten::setRechnung(FKRRechnung *rechnung)
 {
     setToOne(QStringLiteral("rechnung"), rechnung);
+}
+
+void FKRPosten::setzeImportPostenDetailsFuerWithQuery(const QString &decodedQuery, FKRRechnung *rechnung,
+                                                     const ManagedObjectModel &model, ManagedObjectContext &context)
+{
+    const FKRImportAnfrage anfrage = FKRImportAnfrage::lies(decodedQuery);
+    anfrage.uebertrageAuf(*this);
+    if (rechnung && !anfrage.auftraggeber.isEmpty()) {
+        rechnung->setEmpfaenger(FKREmpfaenger::findeEmpfaengerFuerImportAuftraggeberStringWithAuftraggeber(
+            anfrage.auftraggeber, anfrage.auftraggeberNotiz, model, context));
+    }
 }

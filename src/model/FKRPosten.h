@@ -3,6 +3,8 @@
 #include "ManagedObject.h"
 
 class FKRRechnung;
+class ManagedObjectContext;
+class ManagedObjectModel;
 
 // One line item of a document.
 class FKRPosten : public ManagedObject
@@ -40,6 +42,13 @@ public:
     Decimal zwischenSumme() const;
     Decimal mwStSatzInProzent() const;
     Decimal mwStBetrag(const FKRRechnung &rechnung) const;
+
+    // Item import without an open editor: applies the decoded query of a time tracker's request
+    // to this item (quantity, unit price, title, description) and, when the request names a
+    // client, makes the recipient found or created for it the recipient of `rechnung`. Does not
+    // attach the item to the document, number it or save.
+    void setzeImportPostenDetailsFuerWithQuery(const QString &decodedQuery, FKRRechnung *rechnung,
+                                              const ManagedObjectModel &model, ManagedObjectContext &context);
 
 Q_SIGNALS:
     void anzahlChanged();

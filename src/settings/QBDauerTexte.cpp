@@ -50,6 +50,13 @@ Decimal QBDauerTexte::formatNSTimeIntervalAsDecimalNumber(double seconds)
     return Decimal(ganzeSekunden(seconds)) / Decimal(HOURS_ACCURACY);
 }
 
+Decimal QBDauerTexte::formatDecimalIntervalAsDecimalNumber(const Decimal &seconds)
+{
+    // Whole seconds are 0 or at least 1 in size, so the quotient neither underflows nor
+    // overflows; NaN divides to NaN.
+    return seconds.rounded(0, Decimal::Rounding::Down) / Decimal(HOURS_ACCURACY);
+}
+
 QString QBDauerTexte::formatNSTimeIntervalAsDecimalString(double seconds)
 {
     return QString::fromStdString(

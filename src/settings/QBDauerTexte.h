@@ -22,6 +22,10 @@ public:
     // Hours as an exact decimal, seconds ÷ 3600 to 38 significant digits, unrounded otherwise:
     // 5400 s give 1.5, 1000 s give 0.27777777777777777777777777777777777778.
     static Decimal formatNSTimeIntervalAsDecimalNumber(double seconds);
+    // The same for seconds that are already a decimal (read from text), so that no digit passes
+    // through a double: cut toward zero to whole seconds, then ÷ 3600. NaN stays NaN; any size
+    // that a Decimal holds is taken as it is.
+    static Decimal formatDecimalIntervalAsDecimalNumber(const Decimal &seconds);
     // The hours with exactly two fraction digits in the user's locale: "1,50" in German.
     static QString formatNSTimeIntervalAsDecimalString(double seconds);
     // The same followed by "h": "1,50h".

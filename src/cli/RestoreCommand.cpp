@@ -1,0 +1,94 @@
+#include "RestoreCommand.h"
+
+#include "FKRAppDelegate.h"
+#include "FKRDatensicherung.h"
+#include "FKRUhr.h"
+#include "FKRUrlEmpfang.h"
+#include "FKRZipArchiv.h"
+#include "PersistentStoreCoordinator.h"
+#include "QBBenutzerEinstellungen.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <ostream>
+
+std::string_view RestoreCommand::summary() const
+{
+    return "replace the store with the one in a backup archive (program not running)";
+}
+
+std::string_view RestoreCommand::description() const
+{
+    return "Checks the archive completely (only the store files at its top level, every entry\n"
+           "intact) and then puts its files in place of the store files of the data folder, each\n"
+           "one atomically. Before that the current store is backed up into the backups folder, so\n"
+           "nothing is lost. Sync is switched off and the next start gives every restored object a\n"
+           "new identity, as after an import in the program's settings.\n"
+           "\n"
+           "Refuses while Velmora Rechnungen is running: quit it first. Exit status 0 on success,\n"
+           "1 when the program runs or files could not be written, 2 for an archive that is not a\n"
+           "sound backup (wrong extension, damaged, unexpected entries) or wrong arguments.\n";
+}
+
+int RestoreCommand::execute(const QStringList &arguments, CommandStreams &io)
+{
+    if (printHelpIfAsked(arguments, io.out))
+        return kExitOk;
+    if (arguments.size() != 1) {
+        printError(io.err, "expected one backup archive; see \"velmora-cli help restore\"");
+        return kExitUsage;
+    }
+    const QString archiv = arguments.first();
+    if (QFileInfo(archiv).suffix() != u"fks") {
+        printError(io.err, archiv.toStdString() + " is not a backup archive (the name must end in \".fks\")");
+        return kExitUsage;
+    }
+    if (!QFileInfo(archiv).isFile()) {
+        printError(io.err, "cannot read " + archiv.toStdString());
+        return kExitUsage;
+    }
+
+    const QString datenOrdner = FKRAppDelegate::datenOrdnerPfad();
+    if (FKRUrlEmpfang::laeuftInstanz(FKRUrlEmpfang::socketName(datenOrdner))) {
+        printError(io.err, "Velmora Rechnungen is running; quit it before restoring a backup");
+        return kExitFailure;
+    }
+    if (!QDir().mkpath(datenOrdner)) {
+        printError(io.err, "cannot create the data folder " + datenOrdner.toStdString());
+        return kExitFailure;
+    }
+
+    const QString store = QDir(datenOrdner).filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
+    if (QFileInfo(store).isFile()) {
+        const QString sicherungen = QDir(datenOrdner).filePath(QStringLiteral("dataBackups"));
+        QDir().mkpath(sicherungen);
+        const QString vorher = FKRDatensicherung::freierArchivPfad(sicherungen, FKRUhr::jetzt());
+        FKRDatensicherung sicherung(datenOrdner, sicherungen);
+        QString fehler;
+        if (!sicherung.erstelleJetzt(vorher, &fehler)) {
+            printError(io.err, "the current store could not be backed up, nothing was restored: " + fehler.toStdString());
+            return kExitFailure;
+        }
+        io.out << "Current store backed up to " << vorher.toStdString() << '\n';
+    }
+
+    QString fehler;
+    switch (FKRZipArchiv::entpackeSicher(archiv, datenOrdner, FKRDatensicherung::storeDateiNamen(), &fehler)) {
+    case FKRZipArchiv::Ergebnis::Abgelehnt:
+        printError(io.err, "refused " + archiv.toStdString() + ": " + fehler.toStdString());
+        return kExitUsage;
+    case FKRZipArchiv::Ergebnis::SchreibFehler:
+        printError(io.err, "the store files could not be written, the store is unchanged: " + fehler.toStdString());
+        return kExitFailure;
+    case FKRZipArchiv::Ergebnis::Erfolg:
+        break;
+    }
+
+    QBBenutzerEinstellungen *einstellungen = QBBenutzerEinstellungen::sharedInstance();
+    einstellungen->setVerwendeiCloudSync(false);
+    einstellungen->setDatenbankWurdeNeuImportiert(true);
+    einstellungen->sichereBenutzerEinstellungen();
+    io.out << "Restored " << archiv.toStdString() << " into " << datenOrdner.toStdString() << '\n';
+    return kExitOk;
+}

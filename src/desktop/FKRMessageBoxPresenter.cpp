@@ -1,0 +1,72 @@
+#include "FKRMessageBoxPresenter.h"
+
+#include "FKRLocalizationHelper.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
+
+namespace {
+QString text(const QString &schluessel)
+{
+    return FKRLocalizationHelper::hauptTabellenText(schluessel);
+}
+
+QMessageBox::Icon symbol(FKRAlert::Stil stil)
+{
+    switch (stil) {
+    case FKRAlert::Stil::Warnung:
+        return QMessageBox::Warning;
+    case FKRAlert::Stil::Kritisch:
+        return QMessageBox::Critical;
+    case FKRAlert::Stil::Information:
+        break;
+    }
+    return QMessageBox::Information;
+}
+} // namespace
+
+int FKRMessageBoxPresenter::zeigeAlert(const FKRAlert &alert)
+{
+    QMessageBox box(symbol(alert.stil), text(alert.titelSchluessel), text(alert.textSchluessel), QMessageBox::NoButton,
+                    m_fenster);
+    box.setInformativeText(alert.zusatzText);
+    QList<QAbstractButton *> knoepfe;
+    for (int i = 0; i < alert.knopfSchluessel.size(); ++i) {
+        // The first button acts; the others are the ways out, in their given order.
+        QPushButton *knopf = box.addButton(text(alert.knopfSchluessel.at(i)),
+                                           i == 0 ? QMessageBox::AcceptRole : QMessageBox::RejectRole);
+        knoepfe.append(knopf);
+        if (i == 0)
+            box.setDefaultButton(knopf);
+    }
+    box.exec();
+    return int(knoepfe.indexOf(box.clickedButton()));
+}
+
+bool FKRMessageBoxPresenter::praesentiereFehler(const FKRAnwendungsFehler &fehler)
+{
+    QMessageBox box(QMessageBox::Critical, fehler.localizedDescription, fehler.localizedDescription, QMessageBox::Ok,
+                    m_fenster);
+    box.setInformativeText(fehler.failureReason);
+    if (!fehler.underlyingError.isEmpty())
+        box.setDetailedText(fehler.underlyingError);
+    box.exec();
+    return false;
+}
+
+QStringList FKRMessageBoxPresenter::waehleDateien(const QString &startOrdner, const QString &nachrichtSchluessel,
+                                                  const QString &weitererOrt)
+{
+    QFileDialog dialog(m_fenster, text(nachrichtSchluessel), startOrdner);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    QList<QUrl> orte = dialog.sidebarUrls();
+    orte.append(QUrl::fromLocalFile(startOrdner));
+    if (!weitererOrt.isEmpty())
+        orte.append(QUrl::fromLocalFile(weitererOrt));
+    dialog.setSidebarUrls(orte);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles();
+}

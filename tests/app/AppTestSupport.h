@@ -1,0 +1,104 @@
+#pragma once
+
+// Helpers of the application-core tests: a fresh data home per test, windows and sync stand-ins
+// that record what the core asked of them, and waiting on the event loop with a deadline.
+
+#include "FKRFensterSchicht.h"
+#include "FKRSyncKoordinator.h"
+#include "ManagedObjectContext.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace apptest {
+
+// Points XDG_DATA_HOME at an empty folder for the life of the object, so every delegate made
+// meanwhile finds its own data folder.
+class DatenHeimat
+{
+public:
+    DatenHeimat()
+        : m_alt(qgetenv("XDG_DATA_HOME"))
+    {
+        qputenv("XDG_DATA_HOME", m_ordner.path().toUtf8());
+    }
+    ~DatenHeimat() { qputenv("XDG_DATA_HOME", m_alt); }
+    QString pfad() const { return m_ordner.path(); }
+    QString datenOrdner() const { return m_ordner.path() + QStringLiteral("/Velmora-Rechnungen"); }
+
+private:
+    QTemporaryDir m_ordner;
+    QByteArray m_alt;
+};
+
+// Runs the event loop until `bedingung` holds or `ms` have passed; returns whether it holds.
+inline bool warteBis(const std::function<bool()> &bedingung, int ms = 10000)
+{
+    QDeadlineTimer frist(ms);
+    while (!bedingung()) {
+        if (frist.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(1);
+    }
+    return true;
+}
+
+struct FensterAttrappe : FKRFensterSchicht {
+    FKROffenerEditor *editor = nullptr;
+    bool editierenGelingt = true;
+    int hilfeAufrufe = 0;
+    int faelligAufrufe = 0;
+    int commitAufrufe = 0;
+
+    FKROffenerEditor *offenerEditor() override { return editor; }
+    QList<FKRRechnung *> unbezahlteRechnungen() override { return {}; }
+    void zeigeFaelligeRechnungen() override { ++faelligAufrufe; }
+    void zeigeHilfe() override { ++hilfeAufrufe; }
+    bool commitEditing() override
+    {
+        ++commitAufrufe;
+        return editierenGelingt;
+    }
+};
+
+struct SyncAttrappe : FKRSyncKoordinator {
+    QStringList aufrufe;
+    QList<qint64> zeiten; // ms since the attrappe was made, per call
+    bool beschaeftigt = false;
+    QElapsedTimer uhr;
+
+    SyncAttrappe() { uhr.start(); }
+    void merke(const char *name)
+    {
+        aufrufe.append(QString::fromLatin1(name));
+        zeiten.append(uhr.elapsed());
+    }
+    void synchronisiere() override { merke("synchronisiere"); }
+    void synchronisiereMitAbschluss(std::function<void()> abschluss) override
+    {
+        merke("synchronisiereMitAbschluss");
+        FKRSyncKoordinator::synchronisiereMitAbschluss(std::move(abschluss));
+    }
+    void trenneSyncMitAbschluss(std::function<void()> abschluss) override
+    {
+        merke("trenneSyncMitAbschluss");
+        FKRSyncKoordinator::trenneSyncMitAbschluss(std::move(abschluss));
+    }
+    bool istBeschaeftigt() const override { return beschaeftigt; }
+};
+
+// Thrown by the process end of a delegate under test, so the test goes on after the store
+// failure instead of the process ending.
+struct ProzessEnde {
+    int status;
+};
+
+} // namespace apptest

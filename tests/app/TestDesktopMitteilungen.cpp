@@ -1,0 +1,132 @@
+// The program's side of the desktop notification service, against a real daemon (dunst) on a
+// private session bus and X server: closing, clicks, and a service that is gone for a while.
+#include "TestDesktopMitteilungenSitzung.h"
+
+#include "FKRDesktopMitteilungen.h"
+#include "FKRLocalizationHelper.h"
+
+#include <QDBusMessage>
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using desktoptest::DesktopUmgebung;
+using desktoptest::warteBis;
+
+DesktopUmgebung &umgebung = DesktopUmgebung::registriere();
+
+class DesktopMitteilungen : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        VELMORA_DESKTOP_ODER_UEBERSPRINGEN(umgebung);
+        FKRLocalizationHelper::installiereHauptTabelle();
+        ASSERT_TRUE(umgebung.raeumeAuf());
+        m_mitteilungen = std::make_unique<FKRDesktopMitteilungen>();
+        QObject::connect(m_mitteilungen.get(), &FKRDesktopMitteilungen::gezeigt, [this](uint id) { m_gezeigt << id; });
+        QObject::connect(m_mitteilungen.get(), &FKRDesktopMitteilungen::aktiviert, [this] { ++m_aktiviert; });
+    }
+    void TearDown() override
+    {
+        // A test that stopped the daemon must not leave the next one without it.
+        if (!IsSkipped() && !DesktopUmgebung::dienstDa()) {
+            EXPECT_TRUE(umgebung.starteDunst());
+        }
+    }
+
+    // Shows one notification and waits for its id.
+    uint zeigeUndWarte(const QString &text)
+    {
+        const qsizetype vorher = m_gezeigt.size();
+        m_mitteilungen->zeige(u"Titel"_s, text);
+        EXPECT_TRUE(warteBis([&] { return m_gezeigt.size() > vorher; })) << "never shown: " << text.toStdString();
+        return m_gezeigt.value(vorher);
+    }
+
+    static void sendeAktion(uint id, const QString &aktion)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(QString::fromLatin1(FKRDesktopMitteilungen::kPfad),
+                                                         QString::fromLatin1(FKRDesktopMitteilungen::kSchnittstelle),
+                                                         u"ActionInvoked"_s);
+        signal << id << aktion;
+        QDBusConnection::sessionBus().send(signal);
+    }
+
+    std::unique_ptr<FKRDesktopMitteilungen> m_mitteilungen;
+    QList<uint> m_gezeigt;
+    int m_aktiviert = 0;
+};
+
+TEST_F(DesktopMitteilungen, SchliesseAlleSchliesstAuchDieNochUnterwegsSind)
+{
+    EXPECT_TRUE(m_mitteilungen->hatSitzungsBus());
+    const uint erste = zeigeUndWarte(u"erste"_s);
+    const uint zweite = zeigeUndWarte(u"zweite <b>&</b>"_s);
+    ASSERT_TRUE(warteBis([] { return DesktopUmgebung::angezeigt() == 2; }));
+    EXPECT_EQ(m_mitteilungen->gezeigteIds(), (QSet<uint>{erste, zweite}));
+    // dunst renders markup in the body: the program's text must travel escaped.
+    EXPECT_EQ(umgebung.protokoll().value(1).text, u"zweite &lt;b&gt;&amp;&lt;/b&gt;"_s);
+    EXPECT_EQ(umgebung.protokoll().value(1).id, zweite);
+
+    m_mitteilungen->schliesseAlle();
+    EXPECT_TRUE(m_mitteilungen->gezeigteIds().isEmpty());
+    EXPECT_TRUE(warteBis([] { return DesktopUmgebung::angezeigt() == 0; }));
+
+    // A third one is closed while the service has not answered yet: its id, when it comes, is
+    // closed at once and not kept.
+    m_mitteilungen->zeige(u"Drei"_s, u"dritte"_s);
+    m_mitteilungen->schliesseAlle();
+    ASSERT_TRUE(warteBis([] { return umgebung.protokoll().size() == 3; }));
+    EXPECT_TRUE(warteBis([] { return DesktopUmgebung::angezeigt() == 0; }));
+    EXPECT_TRUE(m_mitteilungen->gezeigteIds().isEmpty());
+    EXPECT_EQ(m_gezeigt.size(), 2);
+}
+
+TEST_F(DesktopMitteilungen, NurDerKlickAufEigeneMitteilungenZaehlt)
+{
+    const uint id = zeigeUndWarte(u"klick mich"_s);
+    ASSERT_NE(id, 0u);
+
+    // Another program's notification, and another action of ours, are not a click on ours.
+    sendeAktion(id + 1000, u"default"_s);
+    sendeAktion(id, u"andere"_s);
+    desktoptest::laufe(200);
+    EXPECT_EQ(m_aktiviert, 0);
+
+    // The user's click, through the daemon.
+    DesktopUmgebung::dunstctl({u"action"_s, u"0"_s});
+    EXPECT_TRUE(warteBis([this] { return m_aktiviert == 1; }));
+
+    // Closed by the user: forgotten, and a late click on it no longer counts.
+    DesktopUmgebung::dunstctl({u"close"_s});
+    EXPECT_TRUE(warteBis([this] { return m_mitteilungen->gezeigteIds().isEmpty(); }));
+    sendeAktion(id, u"default"_s);
+    desktoptest::laufe(200);
+    EXPECT_EQ(m_aktiviert, 1);
+}
+
+TEST_F(DesktopMitteilungen, OhneDienstEineZeileImLogUndDanachGehtEsWeiter)
+{
+    ASSERT_TRUE(umgebung.stoppeDunst());
+    {
+        desktoptest::Warnungen warnungen;
+        m_mitteilungen->zeige(u"Eins"_s, u"ins Leere"_s);
+        m_mitteilungen->zeige(u"Zwei"_s, u"auch ins Leere"_s);
+        EXPECT_TRUE(warteBis([&] { return !warnungen.zeilen().isEmpty(); }));
+        m_mitteilungen->zeige(u"Drei"_s, u"wieder ins Leere"_s);
+        desktoptest::laufe(300);
+        ASSERT_EQ(warnungen.zeilen().size(), 1) << warnungen.zeilen().join(u'\n').toStdString();
+        EXPECT_TRUE(warnungen.zeilen().first().contains(u"notification service"_s));
+        EXPECT_TRUE(m_gezeigt.isEmpty());
+    }
+
+    // The service is back: the next notification arrives, none of the lost ones.
+    ASSERT_TRUE(umgebung.starteDunst());
+    zeigeUndWarte(u"angekommen"_s);
+    ASSERT_TRUE(warteBis([] { return !umgebung.protokoll().isEmpty(); }));
+    EXPECT_EQ(umgebung.protokoll().size(), 1);
+    EXPECT_EQ(umgebung.protokoll().last().text, u"angekommen"_s);
+}
+
+} // namespace

@@ -1,0 +1,73 @@
+// A desktop without a session bus (a bare X session, a container): the reminders say so once in
+// the log and the program goes on, schedule and all.
+#include "TestDesktopMitteilungenSitzung.h"
+
+#include "FKRDesktopMitteilungen.h"
+#include "FKRFaelligkeitsMitteilungen.h"
+#include "FKRLocalizationHelper.h"
+#include "FKRRechnung.h"
+#include "FKRUhr.h"
+#include "ManagedObjectContext.h"
+
+#include <QTimeZone>
+
+#include <cstdlib>
+
+namespace {
+
+// Before anything in this binary reaches for the session bus: no address, no X display to
+// start one through, no per-user bus socket to fall back on.
+class OhneBus : public ::testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        for (const char *name : {"DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR"})
+            unsetenv(name);
+    }
+};
+::testing::Environment *const ohneBus = ::testing::AddGlobalTestEnvironment(new OhneBus);
+
+QDateTime berlin(int tag, int stunde)
+{
+    return QDateTime(QDate(2026, 5, tag), QTime(stunde, 0), QTimeZone("Europe/Berlin"));
+}
+
+TEST(MitteilungenOhneBus, EineZeileImLogUndDerPlanBleibt)
+{
+    FKRLocalizationHelper::installiereHauptTabelle();
+    FKRUhr::halteAn(berlin(12, 10));
+    ManagedObjectContext context;
+    auto dokument = [&](const QDateTime &faellig, const QString &nummer) {
+        auto *r = context.insertNewObject<FKRRechnung>();
+        r->setFaelligkeitsDatum(faellig);
+        r->setRechnungsNummer(nummer);
+        return r;
+    };
+
+    desktoptest::Warnungen warnungen;
+    {
+        FKRFaelligkeitsMitteilungen mitteilungen;
+        int aktiviert = 0;
+        QObject::connect(&mitteilungen, &FKRFaelligkeitsMitteilungen::mitteilungAktiviert, [&] { ++aktiviert; });
+        // One reminder is due right now and would be sent at once, the other waits.
+        mitteilungen.pruefeFaelligeRechnungen({dokument(berlin(12, 8), QStringLiteral("jetzt")),
+                                               dokument(berlin(14, 8), QStringLiteral("später"))});
+        desktoptest::laufe(200);
+        mitteilungen.zeigeFaelligkeitsMitteilung(QStringLiteral("Titel"), QStringLiteral("noch eine"), berlin(12, 9));
+        desktoptest::laufe(100);
+        mitteilungen.pruefeFaelligeRechnungen({dokument(berlin(15, 8), QStringLiteral("neu"))});
+
+        ASSERT_EQ(mitteilungen.geplanteMitteilungen().size(), 1);
+        EXPECT_EQ(mitteilungen.geplanteMitteilungen().first().zeit, berlin(15, 10));
+        EXPECT_EQ(aktiviert, 0);
+    }
+    FKRUhr::laufeWeiter();
+
+    ASSERT_EQ(warnungen.zeilen().size(), 1) << warnungen.zeilen().join(u'\n').toStdString();
+    EXPECT_TRUE(warnungen.zeilen().first().contains(QStringLiteral("session bus")));
+    FKRDesktopMitteilungen desktop;
+    EXPECT_FALSE(desktop.hatSitzungsBus());
+}
+
+} // namespace

@@ -1,0 +1,337 @@
+#include "AppTestSupport.h"
+#include "SkriptPresenter.h"
+#include "../model/StoreTestSupport.h"
+
+#include "FKRAppDelegate.h"
+#include "FKRFaelligkeitsMitteilungen.h"
+#include "FKRLocalizationHelper.h"
+#include "FKRRechnung.h"
+#include "FKRUhr.h"
+#include "QBBenutzerEinstellungen.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+
+using namespace apptest;
+
+namespace {
+
+class AppDelegate : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        FKRLocalizationHelper::installiereHauptTabelle();
+        auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
+        einstellungen->setAppVersion(QStringLiteral("3.13"));
+        einstellungen->setAnzahlAppStarts(Decimal(7));
+        einstellungen->setDatenbankWurdeNeuImportiert(false);
+        einstellungen->setDeaktiviereFaelligeRechnungsMitteilungen(false);
+        einstellungen->sichereBenutzerEinstellungen();
+    }
+
+    // A delegate whose process end returns to the test, with the recording stand-ins.
+    std::unique_ptr<FKRAppDelegate> neuerDelegate()
+    {
+        auto delegate = std::make_unique<FKRAppDelegate>(presenter);
+        delegate->setProzessEnde([](int status) { throw ProzessEnde{status}; });
+        auto sync = std::make_unique<SyncAttrappe>();
+        this->sync = sync.get();
+        delegate->setSyncKoordinator(std::move(sync));
+        delegate->setFensterSchicht(&fenster);
+        return delegate;
+    }
+
+    int storeFehler(FKRAppDelegate &delegate)
+    {
+        try {
+            delegate.managedObjectContext();
+        } catch (const ProzessEnde &ende) {
+            return ende.status;
+        }
+        return 0;
+    }
+
+    DatenHeimat heimat;
+    SkriptPresenter presenter;
+    FensterAttrappe fenster;
+    SyncAttrappe *sync = nullptr;
+};
+
+TEST_F(AppDelegate, ErsterStartLegtOrdnerStoreUndSicherungAnUndZaehltDenStart)
+{
+    QBBenutzerEinstellungen::sharedInstance()->setAppVersion(QStringLiteral("1.3"));
+    auto delegate = neuerDelegate();
+    QString archiv;
+    QObject::connect(delegate.get(), &FKRAppDelegate::datensicherungBeendet, [&](const QString &pfad) { archiv = pfad; });
+
+    delegate->applicationWillFinishLaunching();
+    delegate->applicationDidFinishLaunching();
+    EXPECT_TRUE(QFileInfo(heimat.datenOrdner()).isDir());
+    EXPECT_TRUE(QFileInfo(heimat.datenOrdner() + "/dataBackups").isDir());
+    EXPECT_TRUE(QFileInfo::exists(delegate->storeURL()));
+    EXPECT_EQ(sync->aufrufe.value(0), "synchronisiere") << "one sync step at start";
+
+    ASSERT_TRUE(warteBis([&] { return !archiv.isEmpty(); }));
+    EXPECT_EQ(QFileInfo(archiv).absolutePath(), QFileInfo(delegate->dataBackupsDirectory()).absoluteFilePath());
+    EXPECT_TRUE(archiv.endsWith("-DataBackup.fks"));
+
+    // The version bookkeeping comes a second later; the help panels open at the first start.
+    auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
+    EXPECT_EQ(einstellungen->appVersion(), "1.3");
+    ASSERT_TRUE(warteBis([&] { return fenster.hilfeAufrufe == 1; }, 3000));
+    EXPECT_EQ(einstellungen->appVersion(), "3.13");
+    EXPECT_EQ(einstellungen->anzahlAppStarts(), Decimal(1));
+    EXPECT_TRUE(presenter.alerts.isEmpty()) << "no alert on a supported system";
+
+    EXPECT_TRUE(QFileInfo(delegate->applicationArchiveDirectory()).isDir());
+}
+
+TEST_F(AppDelegate, OrdnerDieDateienSindWerdenNichtUeberschrieben)
+{
+    QDir().mkpath(heimat.pfad());
+    {
+        QFile datei(heimat.datenOrdner());
+        ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
+        datei.write("keine Daten");
+    }
+    auto delegate = neuerDelegate();
+    EXPECT_EQ(storeFehler(*delegate), EXIT_FAILURE);
+    ASSERT_EQ(presenter.fehler.size(), 1);
+    const FKRAnwendungsFehler &fehler = presenter.fehler.first();
+    EXPECT_EQ(fehler.domain, "YOUR_ERROR_DOMAIN");
+    EXPECT_EQ(fehler.code, 9999);
+    EXPECT_EQ(fehler.localizedDescription, "Die gespeicherten Daten konnten nicht geöffnet werden");
+    EXPECT_EQ(fehler.failureReason, "Für die Programmdaten wird ein Ordner erwartet, gefunden wurde aber eine Datei: "
+                                        + heimat.datenOrdner() + ".");
+    QFile datei(heimat.datenOrdner());
+    ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
+    EXPECT_EQ(datei.readAll(), "keine Daten");
+
+    // A backups folder that is a file: the archive fails with its alert, the start goes on.
+    DatenHeimat zweite;
+    auto zweiter = neuerDelegate();
+    QDir().mkpath(zweite.datenOrdner());
+    QFile(zweite.datenOrdner() + "/dataBackups").open(QIODevice::WriteOnly);
+    bool fertig = false;
+    QObject::connect(zweiter.get(), &FKRAppDelegate::datensicherungBeendet, [&](const QString &pfad) {
+        EXPECT_TRUE(pfad.isEmpty());
+        fertig = true;
+    });
+    zweiter->applicationDidFinishLaunching();
+    EXPECT_TRUE(QFileInfo(zweiter->dataBackupsDirectory()).isFile());
+    ASSERT_TRUE(warteBis([&] { return fertig; }));
+    ASSERT_EQ(presenter.alerts.size(), 1);
+    EXPECT_EQ(presenter.alerts[0].titelSchluessel, "ALERT_TITLE_EXPORT");
+    EXPECT_EQ(presenter.alerts[0].textSchluessel, "DATABASE_EXPORT_PROBLEM");
+    EXPECT_EQ(presenter.alerts[0].knopfSchluessel, QStringList{"BUTTON_TITLE_OK"});
+    EXPECT_NE(zweiter->managedObjectContext(), nullptr) << "the store opens all the same";
+}
+
+TEST_F(AppDelegate, UnbrauchbarerStoreBeendetMitFehlerUndBleibtUnberuehrt)
+{
+    QDir().mkpath(heimat.datenOrdner());
+    const QString store = heimat.datenOrdner() + "/VelmoraRechnungen.storedata";
+    {
+        QFile datei(store);
+        ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
+        datei.write(QByteArray(5000, 'x'));
+    }
+    auto delegate = neuerDelegate();
+    EXPECT_EQ(storeFehler(*delegate), EXIT_FAILURE);
+    ASSERT_EQ(presenter.fehler.size(), 1);
+    EXPECT_EQ(presenter.fehler[0].failureReason,
+              "Beim Anlegen oder Laden der gespeicherten Daten ist ein Fehler aufgetreten.");
+    EXPECT_FALSE(presenter.fehler[0].underlyingError.isEmpty()) << "the store's own error travels along";
+    QFile datei(store);
+    ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
+    EXPECT_EQ(datei.readAll(), QByteArray(5000, 'x'));
+
+    // A folder in place of the store file.
+    DatenHeimat zweite;
+    QDir().mkpath(zweite.datenOrdner() + "/VelmoraRechnungen.storedata");
+    auto zweiter = neuerDelegate();
+    EXPECT_EQ(storeFehler(*zweiter), EXIT_FAILURE);
+    EXPECT_EQ(presenter.fehler.size(), 2);
+}
+
+TEST_F(AppDelegate, FehlendeUndNachImportNeueIdentitaeten)
+{
+    QString altRechnung, altPosten, altAbsender;
+    {
+        auto delegate = neuerDelegate();
+        ManagedObjectContext *moc = delegate->managedObjectContext();
+        auto *rechnung = moc->insertNewObject<FKRRechnung>();
+        auto *posten = moc->insertNewObject<FKRPosten>();
+        posten->setRechnung(rechnung);
+        auto *absender = moc->insertNewObject<FKRAbsender>();
+        rechnung->setAbsender(absender);
+        moc->insertNewObject<FKREmpfaenger>();
+        ASSERT_TRUE(moc->save());
+        altRechnung = *rechnung->uniqueIdentifier();
+        altPosten = *posten->uniqueIdentifier();
+        altAbsender = *absender->uniqueIdentifier();
+    }
+    // Stores written before identities existed: some objects have none.
+    {
+        storetest::RawSql sql(heimat.datenOrdner() + "/VelmoraRechnungen.storedata");
+        sql.mustExec("UPDATE FKRPosten SET uniqueIdentifier = NULL");
+        sql.mustExec("UPDATE FKREmpfaenger SET uniqueIdentifier = NULL");
+    }
+    {
+        auto delegate = neuerDelegate();
+        delegate->vergibFehlendeUUIDs();
+        storetest::OpenStore store(delegate->storeURL());
+        EXPECT_EQ(*store.only<FKRRechnung>()->uniqueIdentifier(), altRechnung) << "present ones are kept";
+        EXPECT_EQ(*store.only<FKRAbsender>()->uniqueIdentifier(), altAbsender);
+        const QString neuPosten = store.only<FKRPosten>()->uniqueIdentifier().value_or(QString());
+        EXPECT_EQ(neuPosten.size(), 36);
+        EXPECT_NE(neuPosten, altPosten);
+        EXPECT_EQ(store.only<FKREmpfaenger>()->uniqueIdentifier().value_or(QString()).size(), 36);
+    }
+    // After an import every object gets a new identity and the flag is cleared.
+    QBBenutzerEinstellungen::sharedInstance()->setDatenbankWurdeNeuImportiert(true);
+    auto delegate = neuerDelegate();
+    delegate->applicationDidFinishLaunching();
+    delegate->warteAufDatensicherung();
+    EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
+    storetest::OpenStore store(delegate->storeURL());
+    EXPECT_NE(*store.only<FKRRechnung>()->uniqueIdentifier(), altRechnung);
+    EXPECT_NE(*store.only<FKRAbsender>()->uniqueIdentifier(), altAbsender);
+    EXPECT_EQ(store.only<FKRRechnung>()->posten().size(), 1) << "relationships survive the new identities";
+}
+
+TEST_F(AppDelegate, VersionswechselStartetDenZaehlerNeuUndZeigtDieHilfeBeiDenFestenStarts)
+{
+    auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
+    einstellungen->setAppVersion(QStringLiteral("3.12"));
+    einstellungen->setAnzahlAppStarts(Decimal(40));
+    auto delegate = neuerDelegate();
+    QList<int> hilfeBeiZaehler;
+    for (int start = 0; start < 17; ++start) {
+        const int vorher = fenster.hilfeAufrufe;
+        const Decimal zaehler = start == 0 ? Decimal(0) : einstellungen->anzahlAppStarts();
+        delegate->checkForVersionUpgrade();
+        ASSERT_TRUE(warteBis([] { return true; }, 50));
+        QCoreApplication::processEvents();
+        if (fenster.hilfeAufrufe > vorher)
+            hilfeBeiZaehler.append(std::stoi(zaehler.toString()));
+    }
+    EXPECT_EQ(hilfeBeiZaehler, (QList<int>{0, 1, 2, 5, 10, 15}));
+    EXPECT_EQ(einstellungen->appVersion(), "3.13");
+    EXPECT_EQ(einstellungen->anzahlAppStarts(), Decimal(17));
+
+    // Versions compare as numbers: 3.9 is newer than 3.13 and stays.
+    einstellungen->setAppVersion(QStringLiteral("3.9"));
+    delegate->checkForVersionUpgrade();
+    EXPECT_EQ(einstellungen->appVersion(), "3.9");
+    EXPECT_EQ(einstellungen->anzahlAppStarts(), Decimal(18));
+    // The counter reaches the settings file, not only the object.
+    auto datei = QBBenutzerEinstellungen::withSettingsFile(QSettings().fileName());
+    EXPECT_EQ(datei->anzahlAppStarts(), Decimal(18));
+}
+
+TEST_F(AppDelegate, SichernSpeichertPlantMitteilungenUndSynchronisiert)
+{
+    FKRUhr::halteAn(QDateTime(QDate(2026, 11, 23), QTime(9, 0)));
+    auto delegate = neuerDelegate();
+    ManagedObjectContext *moc = delegate->managedObjectContext();
+    auto *faellig = moc->insertNewObject<FKRRechnung>();
+    faellig->setRechnungsNummer(QStringLiteral("R-1"));
+    faellig->setFaelligkeitsDatum(QDateTime(QDate(2026, 11, 26), QTime(0, 0)));
+    auto *bezahlt = moc->insertNewObject<FKRRechnung>();
+    bezahlt->setFaelligkeitsDatum(QDateTime(QDate(2026, 11, 26), QTime(0, 0)));
+    bezahlt->setBezahlt(true);
+
+    delegate->setFensterSchicht(nullptr); // without windows the store itself lists the unpaid ones
+    delegate->saveAction();
+    EXPECT_FALSE(moc->hasChanges());
+    EXPECT_EQ(sync->aufrufe, QStringList{"synchronisiere"});
+    const auto geplant = delegate->mitteilungen().geplanteMitteilungen();
+    ASSERT_EQ(geplant.size(), 1);
+    EXPECT_EQ(geplant[0].zeit, QDateTime(QDate(2026, 11, 26), QTime(10, 0)));
+    {
+        storetest::OpenStore store(delegate->storeURL());
+        EXPECT_EQ(store.moc().fetch<FKRRechnung>().size(), 2);
+    }
+
+    // A control that refuses its value does not stop the save.
+    delegate->setFensterSchicht(&fenster);
+    fenster.editierenGelingt = false;
+    faellig->setRechnungsNummer(QStringLiteral("R-2"));
+    delegate->saveAction();
+    EXPECT_EQ(fenster.commitAufrufe, 1);
+    EXPECT_FALSE(moc->hasChanges());
+
+    // A save the store refuses is presented; the changes stay for the next save.
+    delegate->persistentStoreCoordinator()->setBusyTimeout(50);
+    storetest::RawSql sperre(delegate->storeURL());
+    sperre.mustExec("BEGIN EXCLUSIVE");
+    faellig->setRechnungsNummer(QStringLiteral("R-3"));
+    delegate->saveAction();
+    EXPECT_EQ(presenter.fehler.size(), 1);
+    EXPECT_TRUE(moc->hasChanges());
+    sperre.mustExec("ROLLBACK");
+    delegate->saveAction();
+    EXPECT_FALSE(moc->hasChanges());
+    FKRUhr::laufeWeiter();
+}
+
+TEST_F(AppDelegate, BeendenFragtWaehrendDerSynchronisationUndSichertSonst)
+{
+    auto delegate = neuerDelegate();
+    ManagedObjectContext *moc = delegate->managedObjectContext();
+    moc->insertNewObject<FKRRechnung>();
+
+    sync->beschaeftigt = true;
+    presenter.antworten = {kErsterKnopf};
+    EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateCancel);
+    ASSERT_EQ(presenter.alerts.size(), 1);
+    EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_DATEN_WERDEN_GESICHERT");
+    EXPECT_EQ(presenter.alerts[0].knopfSchluessel,
+              (QStringList{"BUTTON_TITLE_ABBRECHEN", "BUTTON_TITLE_TROTZDEMBEENDEN"}));
+    EXPECT_TRUE(moc->hasChanges()) << "cancelled: nothing saved yet";
+
+    presenter.antworten = {kZweiterKnopf};
+    EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateNow);
+    EXPECT_FALSE(moc->hasChanges()) << "quitting anyway still saves";
+    EXPECT_EQ(sync->aufrufe.last(), "synchronisiere");
+
+    // A refused edit asks the same question.
+    sync->beschaeftigt = false;
+    fenster.editierenGelingt = false;
+    presenter.antworten = {kErsterKnopf};
+    EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateCancel);
+    fenster.editierenGelingt = true;
+
+    // A failed save: presented; resolved → stay; not resolved → ask, and the answer decides.
+    delegate->persistentStoreCoordinator()->setBusyTimeout(50);
+    storetest::RawSql sperre(delegate->storeURL());
+    sperre.mustExec("BEGIN EXCLUSIVE");
+    moc->insertNewObject<FKRRechnung>();
+    presenter.fehlerGeloest = {true};
+    EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateCancel);
+    presenter.fehlerGeloest = {false};
+    presenter.antworten = {kErsterKnopf};
+    EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateCancel);
+    presenter.fehlerGeloest = {false};
+    presenter.antworten = {kZweiterKnopf};
+    EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateNow);
+    EXPECT_EQ(presenter.fehler.size(), 3);
+    sperre.mustExec("ROLLBACK");
+}
+
+TEST_F(AppDelegate, UrlsVorDemStartWartenAufDenHandler)
+{
+    auto delegate = neuerDelegate();
+    delegate->nimmUrlEntgegen(QStringLiteral("velmora://importRechnungsPosten?auftraggeber=Acme"));
+    EXPECT_TRUE(presenter.alerts.isEmpty()) << "not handled before the handler is registered";
+    delegate->registerForURLScheme();
+    ASSERT_EQ(presenter.alerts.size(), 1) << "handled once registered; no editor is open";
+    EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT");
+    delegate->nimmUrlEntgegen(QStringLiteral("velmora://importRechnungsPosten?auftraggeber=Acme"));
+    EXPECT_EQ(presenter.alerts.size(), 2) << "later ones at once";
+}
+
+} // namespace

@@ -1,0 +1,238 @@
+#include "FKRDatensicherung.h"
+#include "FKRZipArchiv.h"
+
+#include "../model/StoreTestSupport.h"
+#include "ZipTestSupport.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QLocale>
+#include <QSet>
+#include <gtest/gtest.h>
+
+using namespace ziptest;
+
+namespace {
+
+const QString kStore = QStringLiteral("VelmoraRechnungen.storedata");
+const QString kShm = QStringLiteral("VelmoraRechnungen.storedata-shm");
+const QDateTime kMoment(QDate(2026, 3, 14), QTime(10, 0));
+
+struct Gemeldet {
+    QString archiv;
+    QString fehler;
+    bool da = false;
+};
+
+void merke(FKRDatensicherung &sicherung, Gemeldet &gemeldet)
+{
+    QObject::connect(&sicherung, &FKRDatensicherung::fertig, &sicherung,
+                     [&gemeldet](const QString &archiv, const QString &fehler) { gemeldet = {archiv, fehler, true}; });
+}
+
+// Runs the event loop until the backup reports, as the program's main thread would.
+Gemeldet warteAufMeldung(FKRDatensicherung &sicherung)
+{
+    Gemeldet gemeldet;
+    merke(sicherung, gemeldet);
+    QElapsedTimer uhr;
+    uhr.start();
+    while (!gemeldet.da && uhr.elapsed() < 120000)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    EXPECT_TRUE(gemeldet.da) << "no report from the backup";
+    return gemeldet;
+}
+
+class FKRDatensicherungTest : public ::testing::Test
+{
+protected:
+    QTemporaryDir wurzel;
+    const QString daten = wurzel.filePath(QStringLiteral("Velmora-Rechnungen"));
+    const QString sicherungen = daten + QStringLiteral("/dataBackups");
+    const QString store = daten + QLatin1Char('/') + kStore;
+
+    void SetUp() override { ASSERT_TRUE(QDir().mkpath(sicherungen)); }
+
+    // The store files of an archive unpacked into a folder of their own; that folder's path.
+    QString entpackt(const QString &archiv)
+    {
+        const QString ordner = wurzel.filePath(QStringLiteral("entpackt-") + QFileInfo(archiv).baseName());
+        EXPECT_TRUE(QDir().mkpath(ordner));
+        QString fehler;
+        EXPECT_EQ(FKRZipArchiv::entpackeSicher(archiv, ordner, FKRDatensicherung::storeDateiNamen(), &fehler),
+                  FKRZipArchiv::Ergebnis::Erfolg)
+            << fehler.toStdString();
+        return ordner;
+    }
+};
+
+TEST(FKRDatensicherungNamen, DieStoreDateienUndDerArchivNameAusKurzemDatumUndZeit)
+{
+    EXPECT_EQ(FKRDatensicherung::storeDateiNamen(),
+              (QStringList{kStore, kShm, QStringLiteral("VelmoraRechnungen.storedata-wal")}));
+    // The colon of the time would be refused by FAT and NTFS drives, the slash of American
+    // dates by every file system.
+    EXPECT_EQ(FKRDatensicherung::archivName(kMoment), QStringLiteral("14.03.26, 10-00-DataBackup.fks"));
+    const QLocale vorher;
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    const QString amerikanisch = FKRDatensicherung::archivName(kMoment.addSecs(13 * 3600 + 5 * 60));
+    QLocale::setDefault(vorher);
+    EXPECT_EQ(amerikanisch, QStringLiteral("3-14-26, 11-05 PM-DataBackup.fks"));
+}
+
+TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerliertKeinArchiv)
+{
+    {
+        storetest::OpenStore offen(store);
+        for (int i = 1; i <= 3; ++i)
+            offen.moc().insertNewObject<FKRRechnung>()->setRechnungsNummer(QStringLiteral("RE-%1").arg(i));
+        ASSERT_TRUE(offen.moc().save());
+    }
+    schreibe(daten + QLatin1Char('/') + kShm, "altes shm");
+
+    FKRDatensicherung sicherung(daten, sicherungen);
+    sicherung.starte(kMoment);
+    sicherung.warteBisFertig();
+    EXPECT_FALSE(sicherung.laeuft());
+    const Gemeldet erstes = warteAufMeldung(sicherung); // still reported through the event loop
+    const QString erwartet = sicherungen + QLatin1Char('/') + FKRDatensicherung::archivName(kMoment);
+    ASSERT_EQ(erstes.archiv, erwartet) << erstes.fehler.toStdString();
+    EXPECT_TRUE(erstes.fehler.isEmpty());
+
+    // Nothing was saved meanwhile: the store went in exactly as it lies on disk.
+    const QList<Gelesen> gelesen = liesArchiv(erstes.archiv);
+    ASSERT_EQ(namen(gelesen), (QStringList{kStore, kShm}));
+    EXPECT_EQ(gelesen[0].inhalt, lies(store));
+    EXPECT_EQ(gelesen[1].inhalt, "altes shm");
+    {
+        storetest::OpenStore zurueck(entpackt(erstes.archiv) + QLatin1Char('/') + kStore);
+        EXPECT_EQ(zurueck.moc().fetch<FKRRechnung>().size(), 3);
+    }
+
+    // More starts within the same minute count on instead of replacing the first archive.
+    const QByteArray erstesArchiv = lies(erwartet);
+    sicherung.starte(kMoment);
+    EXPECT_EQ(warteAufMeldung(sicherung).archiv, sicherungen + QStringLiteral("/14.03.26, 10-00 (2)-DataBackup.fks"));
+    FKRDatensicherung naechste(daten, sicherungen);
+    naechste.starte(kMoment);
+    EXPECT_EQ(warteAufMeldung(naechste).archiv, sicherungen + QStringLiteral("/14.03.26, 10-00 (3)-DataBackup.fks"));
+    EXPECT_EQ(lies(erwartet), erstesArchiv);
+    EXPECT_EQ(FKRDatensicherung::freierArchivPfad(sicherungen, kMoment),
+              sicherungen + QStringLiteral("/14.03.26, 10-00 (4)-DataBackup.fks"));
+    EXPECT_EQ(baum(sicherungen).keys(), (QStringList{QStringLiteral("/14.03.26, 10-00 (2)-DataBackup.fks"),
+                                                      QStringLiteral("/14.03.26, 10-00 (3)-DataBackup.fks"),
+                                                      QStringLiteral("/14.03.26, 10-00-DataBackup.fks")}))
+        << "no drafts or copies are left behind";
+
+    // The command line names its archive itself and may replace it.
+    const QString cli = wurzel.filePath(QStringLiteral("cli.fks"));
+    schreibe(cli, "alt");
+    QString fehler;
+    ASSERT_TRUE(sicherung.erstelleJetzt(cli, &fehler)) << fehler.toStdString();
+    EXPECT_EQ(namen(liesArchiv(cli)), (QStringList{kStore, kShm}));
+}
+
+TEST_F(FKRDatensicherungTest, ErsterStartFremdeDateienUndUnbrauchbarerSicherungsOrdner)
+{
+    // First start: no store yet, still an archive (without entries).
+    Gemeldet gemeldet;
+    {
+        FKRDatensicherung sicherung(daten, sicherungen);
+        sicherung.starte(kMoment);
+        gemeldet = warteAufMeldung(sicherung);
+    }
+    ASSERT_FALSE(gemeldet.archiv.isEmpty()) << gemeldet.fehler.toStdString();
+    // Nothing but the end record of a zip archive with no entries.
+    EXPECT_EQ(lies(gemeldet.archiv), QByteArray("PK\x05\x06", 4) + QByteArray(18, '\0'));
+
+    // A store file that is no database is nobody's store: it goes in byte for byte.
+    const QByteArray fremd = "kein SQLite " + zufallsBytes(300000, 7);
+    schreibe(store, fremd);
+    {
+        FKRDatensicherung sicherung(daten, sicherungen);
+        sicherung.starte(kMoment.addSecs(60));
+        gemeldet = warteAufMeldung(sicherung);
+    }
+    ASSERT_FALSE(gemeldet.archiv.isEmpty()) << gemeldet.fehler.toStdString();
+    const QList<Gelesen> gelesen = liesArchiv(gemeldet.archiv);
+    ASSERT_EQ(namen(gelesen), QStringList{kStore});
+    EXPECT_EQ(gelesen[0].inhalt, fremd);
+
+    // A backups folder that is a file, or that is missing: a report, no archive, no crash.
+    for (const QString &ordner : {wurzel.filePath(QStringLiteral("eine-datei")), wurzel.filePath(QStringLiteral("fehlt"))}) {
+        SCOPED_TRACE(ordner.toStdString());
+        schreibe(wurzel.filePath(QStringLiteral("eine-datei")), "x");
+        FKRDatensicherung sicherung(daten, ordner);
+        sicherung.starte(kMoment);
+        gemeldet = warteAufMeldung(sicherung);
+        EXPECT_TRUE(gemeldet.archiv.isEmpty());
+        EXPECT_FALSE(gemeldet.fehler.isEmpty());
+        QString fehler;
+        EXPECT_FALSE(sicherung.erstelleJetzt(ordner + QStringLiteral("/a.fks"), &fehler));
+        EXPECT_FALSE(fehler.isEmpty());
+    }
+    EXPECT_EQ(lies(store), fremd);
+}
+
+TEST_F(FKRDatensicherungTest, DasArchivHaeltEinenGanzenStandAuchWennWaehrendDessenGespeichertWird)
+{
+    // One document carries a big PDF that every save rewrites with bytes of its own number, and
+    // every save adds a document with three items. A copy that mixes the file of two saves shows
+    // as a PDF of another number, a missing or extra document or item, or a damaged file.
+    constexpr qsizetype kPdf = 24 << 20;
+    storetest::OpenStore offen(store);
+    ManagedObjectContext &moc = offen.moc();
+    auto *zaehler = moc.insertNewObject<FKRRechnung>();
+    zaehler->setRechnungsNummer(QStringLiteral("0"));
+    zaehler->setBinaryPDF(zufallsBytes(kPdf, 0));
+    ASSERT_TRUE(moc.save());
+    const QString kennung = *zaehler->uniqueIdentifier();
+
+    FKRDatensicherung sicherung(daten, sicherungen);
+    Gemeldet gemeldet;
+    merke(sicherung, gemeldet);
+    sicherung.starte(kMoment);
+    int gespeichert = 0;
+    while (!gemeldet.da) {
+        ++gespeichert;
+        auto *dokument = moc.insertNewObject<FKRRechnung>();
+        dokument->setRechnungsNummer(QStringLiteral("Dok %1").arg(gespeichert));
+        for (int p = 1; p <= 3; ++p) {
+            auto *posten = moc.insertNewObject<FKRPosten>();
+            posten->setPostenNummer(p);
+            dokument->addPostenObject(posten);
+        }
+        zaehler->setRechnungsNummer(QString::number(gespeichert));
+        zaehler->setBinaryPDF(zufallsBytes(kPdf, quint64(gespeichert)));
+        QString fehler;
+        ASSERT_TRUE(moc.save(&fehler)) << fehler.toStdString();
+        QCoreApplication::processEvents();
+    }
+    ASSERT_FALSE(gemeldet.archiv.isEmpty()) << gemeldet.fehler.toStdString();
+    EXPECT_GE(gespeichert, 2) << "the saves should overlap the backup";
+
+    const QString kopie = entpackt(gemeldet.archiv) + QLatin1Char('/') + kStore;
+    {
+        storetest::RawSql sql(kopie);
+        EXPECT_EQ(sql.text(QStringLiteral("PRAGMA integrity_check")), QStringLiteral("ok"));
+    }
+    storetest::OpenStore zurueck(kopie);
+    auto *gesichert = static_cast<FKRRechnung *>(zurueck.byIdentifier(QStringLiteral("FKRRechnung"), kennung));
+    ASSERT_NE(gesichert, nullptr);
+    const int stand = gesichert->rechnungsNummer()->toInt();
+    EXPECT_TRUE(gesichert->binaryPDF() == zufallsBytes(kPdf, quint64(stand))) << "PDF of another save than " << stand;
+    QSet<QString> nummern;
+    for (const FKRRechnung *dokument : zurueck.moc().fetch<FKRRechnung>()) {
+        if (dokument == gesichert)
+            continue;
+        nummern.insert(*dokument->rechnungsNummer());
+        EXPECT_EQ(dokument->posten().size(), 3) << dokument->rechnungsNummer()->toStdString();
+    }
+    QSet<QString> erwartet;
+    for (int i = 1; i <= stand; ++i)
+        erwartet.insert(QStringLiteral("Dok %1").arg(i));
+    EXPECT_EQ(nummern, erwartet) << "the archive holds state " << stand << " of " << gespeichert;
+    EXPECT_EQ(zurueck.moc().fetch<FKRPosten>().size(), 3 * stand);
+}
+
+} // namespace

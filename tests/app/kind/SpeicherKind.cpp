@@ -1,0 +1,62 @@
+// A program that saves documents one after the other through the application's save operation
+// and reports each save that returned on stdout ("gespeichert N"), until it is killed. The crash
+// test kills it at a random moment and checks the store it leaves behind.
+
+#include "FKRAlertPresenter.h"
+#include "FKRAppDelegate.h"
+#include "FKRPosten.h"
+#include "FKRRechnung.h"
+#include "ManagedObjectContext.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+struct StillerPresenter : FKRAlertPresenter {
+    int zeigeAlert(const FKRAlert &alert) override
+    {
+        std::fprintf(stderr, "alert %s\n", qPrintable(alert.textSchluessel));
+        return kErsterKnopf;
+    }
+    bool praesentiereFehler(const FKRAnwendungsFehler &fehler) override
+    {
+        std::fprintf(stderr, "fehler %s\n", qPrintable(fehler.localizedDescription));
+        return false;
+    }
+    QStringList waehleDateien(const QString &, const QString &, const QString &) override { return {}; }
+};
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
+    QCoreApplication::setApplicationName(QStringLiteral("Velmora-Rechnungen"));
+    StillerPresenter presenter;
+    FKRAppDelegate delegate(presenter);
+    ManagedObjectContext *moc = delegate.managedObjectContext();
+    qint64 n = moc->fetch<FKRRechnung>().size();
+    for (;;) {
+        ++n;
+        auto *rechnung = moc->insertNewObject<FKRRechnung>();
+        rechnung->setRechnungsNummer(QStringLiteral("K-%1").arg(n));
+        // Three items per document: a torn save would show as a document with fewer.
+        for (int i = 1; i <= 3; ++i) {
+            auto *posten = moc->insertNewObject<FKRPosten>();
+            posten->setPostenNummer(i);
+            posten->setPostenBezeichnung(QString(2000, QLatin1Char('x')));
+            posten->setRechnung(rechnung);
+        }
+        // Every tenth save also changes an older document, so updates are cut too.
+        if (n % 10 == 0) {
+            const auto alle = moc->fetch<FKRRechnung>();
+            alle.first()->setRechnungsText(QStringLiteral("geändert bei %1").arg(n));
+        }
+        delegate.saveAction();
+        if (moc->hasChanges())
+            return 1;
+        std::printf("gespeichert %lld\n", static_cast<long long>(n));
+        std::fflush(stdout);
+    }
+}
