@@ -6,6 +6,7 @@
 #include "QBDatumsTexte.h"
 
 #include <QFile>
+#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
@@ -128,9 +129,23 @@ FKRDatensicherung::Auftrag FKRDatensicherung::auftrag(const QString &ziel, bool 
     return a;
 }
 
+void FKRDatensicherung::raeumeLiegengebliebenesAuf(const QString &ordner)
+{
+    // Drafts and snapshots of a backup that was cut short (the program was killed meanwhile).
+    // No backup takes an hour, so older ones belong to nobody; younger ones may be another
+    // process's backup in progress and stay.
+    const QDateTime grenze = QDateTime::currentDateTimeUtc().addSecs(-3600);
+    const QFileInfoList reste = QDir(ordner).entryInfoList({QStringLiteral(".DataBackup-*")}, QDir::Files | QDir::Hidden);
+    for (const QFileInfo &rest : reste) {
+        if (rest.lastModified().toUTC() < grenze)
+            QFile::remove(rest.absoluteFilePath());
+    }
+}
+
 void FKRDatensicherung::starte(const QDateTime &moment)
 {
     warteBisFertig();
+    raeumeLiegengebliebenesAuf(m_sicherungsOrdner);
     // The archive's name is taken only when it is complete, counting on past names already
     // taken at that moment (veroeffentliche): no earlier archive is ever replaced.
     const Auftrag a = auftrag(m_sicherungsOrdner + QLatin1Char('/') + archivName(moment), false);

@@ -56,6 +56,7 @@ private:
     static bool veroeffentliche(const QString &entwurf, const Auftrag &auftrag, QString *archivPfad, QString *fehler);
     static QString mitZaehler(const QString &archivPfad, int zaehler);
     static bool istBelegt(const QString &pfad);
+    static void raeumeLiegengebliebenesAuf(const QString &ordner);
 
     QString m_datenOrdner;
     QString m_sicherungsOrdner;

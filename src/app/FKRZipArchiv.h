@@ -43,7 +43,8 @@ public:
 
     // Checks the whole archive first (names, kinds, every entry read back with its checksum) and
     // only then replaces the files of `zielOrdner` named like its entries, each atomically.
-    // Only names in `erlaubteNamen` are accepted; nothing outside `zielOrdner` is ever written.
+    // Only names in `erlaubteNamen` are accepted, and the first of them (the store itself) must
+    // be there; nothing outside `zielOrdner` is ever written.
     static Ergebnis entpackeSicher(const QString &archivPfad, const QString &zielOrdner,
                                    const QStringList &erlaubteNamen, QString *fehler = nullptr);
 

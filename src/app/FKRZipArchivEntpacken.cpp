@@ -176,6 +176,9 @@ FKRZipArchiv::Ergebnis FKRZipArchiv::entpackeSicher(const QString &archivPfad, c
     QStringList namen;
     if (!pruefeArchiv(zip.datei, erlaubteNamen, &namen, &grund))
         return ende(Ergebnis::Abgelehnt, grund);
+    // Side files without the file they belong to would be put next to a store they do not fit.
+    if (!erlaubteNamen.isEmpty() && !namen.contains(erlaubteNamen.first()))
+        return ende(Ergebnis::Abgelehnt, QStringLiteral("the archive holds no %1").arg(erlaubteNamen.first()));
 
     const QFileInfo ordner(zielOrdner);
     if (!ordner.isDir())

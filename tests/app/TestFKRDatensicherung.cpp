@@ -109,10 +109,22 @@ TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerlie
         EXPECT_EQ(zurueck.moc().fetch<FKRRechnung>().size(), 3);
     }
 
-    // More starts within the same minute count on instead of replacing the first archive.
+    // More starts within the same minute count on instead of replacing the first archive. A
+    // draft left by a killed backup goes once it is old; a young one may be another's at work.
+    const QString alterEntwurf = sicherungen + QStringLiteral("/.DataBackup-abc123.part");
+    const QString jungerEntwurf = sicherungen + QStringLiteral("/.DataBackup-def456.part");
+    schreibe(alterEntwurf, "halb");
+    schreibe(jungerEntwurf, "halb");
+    {
+        QFile alt(alterEntwurf);
+        ASSERT_TRUE(alt.open(QIODevice::ReadWrite));
+        alt.setFileTime(QDateTime::currentDateTime().addSecs(-7200), QFileDevice::FileModificationTime);
+    }
     const QByteArray erstesArchiv = lies(erwartet);
     sicherung.starte(kMoment);
     EXPECT_EQ(warteAufMeldung(sicherung).archiv, sicherungen + QStringLiteral("/14.03.26, 10-00 (2)-DataBackup.fks"));
+    EXPECT_FALSE(QFile::exists(alterEntwurf));
+    EXPECT_TRUE(QFile::remove(jungerEntwurf));
     FKRDatensicherung naechste(daten, sicherungen);
     naechste.starte(kMoment);
     EXPECT_EQ(warteAufMeldung(naechste).archiv, sicherungen + QStringLiteral("/14.03.26, 10-00 (3)-DataBackup.fks"));

@@ -175,6 +175,7 @@ TEST_F(FKRZipArchivTest, UnsichereOderBeschaedigteArchiveWerdenAbgelehntOhneEtwa
         {"DOS folder", [&](const QString &p) { baueArchiv(p, mitGutemZuerst(ordnerDos)); }},
         {"name twice", [&](const QString &p) { baueArchiv(p, mitGutemZuerst({kStore.toUtf8(), "zweiter Store"})); }},
         {"no entries", [&](const QString &p) { baueArchiv(p, {}); }},
+        {"side file without the store", [&](const QString &p) { baueArchiv(p, {{kWal.toUtf8(), "x"}}); }},
         {"empty file", [&](const QString &p) { schreibe(p, {}); }},
         {"not a zip", [&](const QString &p) { schreibe(p, "SQLite format 3" + zufallsBytes(4000, 4)); }},
         {"cut in half", [&](const QString &p) {
