@@ -10,7 +10,6 @@
 #include "QBBenutzerEinstellungen.h"
 
 #include <QTimer>
-#include <QUuid>
 
 namespace {
 const char *const kFehlendeUUIDVorlagen[4] = {"AbsenderOhneUUIDFetchRequest", "EmpfaengerOhneUUIDFetchRequest",
@@ -72,7 +71,7 @@ void FKRAppDelegate::vergibUUIDs(const char *const vorlagen[4])
         if (objekte.isEmpty())
             continue;
         for (ManagedObject *objekt : objekte)
-            objekt->setValue(QStringLiteral("uniqueIdentifier"), QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper());
+            objekt->setValue(QStringLiteral("uniqueIdentifier"), ManagedObject::neueKennung());
         saveAction();
     }
 }

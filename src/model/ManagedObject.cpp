@@ -25,7 +25,12 @@ void ManagedObject::awakeFromInsert()
 {
     const int slot = m_entity.attributeSlot(QStringLiteral("uniqueIdentifier"));
     if (slot >= 0)
-        m_values[std::size_t(slot)] = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+        m_values[std::size_t(slot)] = neueKennung();
+}
+
+QString ManagedObject::neueKennung()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
 }
 
 int ManagedObject::slotOf(const char *attribute) const

@@ -24,6 +24,10 @@ class ManagedObject : public QObject
 public:
     ~ManagedObject() override;
 
+    // A fresh globally unique text for uniqueIdentifier, different on every call: an object's
+    // identity across the user's machines.
+    static QString neueKennung();
+
     const EntityDescription &entity() const { return m_entity; }
     ManagedObjectContext *managedObjectContext() const { return m_context; }
 

@@ -5,7 +5,7 @@
 #include "FKRRechnung.h"
 #include "JsonDokumentLeser.h"
 #include "ManagedObjectContext.h"
-#include "VelmoraCli.h"
+#include "CliLauf.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -20,19 +20,9 @@ using nlohmann::ordered_json;
 
 namespace {
 
-struct Lauf
-{
-    int status;
-    std::string out, err;
-};
-
 Lauf starte(const QStringList &arguments, const std::string &eingabe = {})
 {
-    std::istringstream in(eingabe);
-    std::ostringstream out, err;
-    CommandStreams io{in, out, err};
-    const int status = VelmoraCli().run(arguments, io);
-    return {status, out.str(), err.str()};
+    return starteCli(arguments, eingabe);
 }
 
 ordered_json betraege(const std::string &eingabe)

@@ -5,7 +5,7 @@
 #include "FKRUhr.h"
 #include "FKRUrlEmpfang.h"
 #include "QBBenutzerEinstellungen.h"
-#include "VelmoraCli.h"
+#include "CliLauf.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,18 +16,9 @@
 
 namespace {
 
-struct Lauf {
-    int status;
-    std::string out, err;
-};
-
 Lauf starte(const QStringList &arguments)
 {
-    std::istringstream in;
-    std::ostringstream out, err;
-    CommandStreams io{in, out, err};
-    const int status = VelmoraCli().run(arguments, io);
-    return {status, out.str(), err.str()};
+    return starteCli(arguments);
 }
 
 class BackupRestore : public ::testing::Test

@@ -6,7 +6,7 @@
 #include "JsonBeteiligteLeser.h"
 #include "ManagedObjectContext.h"
 #include "QBBenutzerEinstellungen.h"
-#include "VelmoraCli.h"
+#include "CliLauf.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -23,19 +23,9 @@ using nlohmann::json;
 
 namespace {
 
-struct Lauf
-{
-    int status;
-    std::string out, err;
-};
-
 Lauf starte(const QStringList &arguments, const std::string &eingabe = {})
 {
-    std::istringstream in(eingabe);
-    std::ostringstream out, err;
-    CommandStreams io{in, out, err};
-    const int status = VelmoraCli().run(QStringList{QStringLiteral("render")} + arguments, io);
-    return {status, out.str(), err.str()};
+    return starteCli(QStringList{QStringLiteral("render")} + arguments, eingabe);
 }
 
 // Output of a poppler tool; empty when it fails.
