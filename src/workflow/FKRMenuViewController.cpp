@@ -1,0 +1,8 @@
+#include "FKRMenuViewController.h"
+
+FKRMenuViewController::FKRMenuViewController(QWidget *parent)
+    : QWidget(parent)
+{
+}
+
+FKRMenuViewController::~FKRMenuViewController() = default;
