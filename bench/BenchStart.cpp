@@ -158,6 +158,10 @@ public:
     }
     bool praesentiereFehler(const FKRAnwendungsFehler &) override { return false; }
     QStringList waehleDateien(const QString &, const QString &, const QString &) override { return {}; }
+    QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override
+    {
+        return {};
+    }
 };
 
 void BM_StoreOhneSicherung(benchmark::State &state)

@@ -6,7 +6,7 @@
 #include <QStringList>
 
 // Everything the application core asks of the user goes through this one interface: alerts,
-// error presentations and the open panel of the database import. The window layer shows them
+// error presentations, the open panel of the database import and the save panel of the PDF export. The window layer shows them
 // with message boxes and file dialogs; tests answer them from a script. Every call is modal:
 // it returns only when the user has answered.
 class FKRAlertPresenter
@@ -26,4 +26,10 @@ public:
     // the data folder) as a place to jump to. The chosen files, empty when cancelled.
     virtual QStringList waehleDateien(const QString &startOrdner, const QString &nachrichtSchluessel,
                                       const QString &weitererOrt) = 0;
+
+    // The save panel: starts in `startOrdner` with the proposed file name `vorschlag`, shows the
+    // text of `nachrichtSchluessel` and allows only files ending in `.<dateiTyp>`. The chosen
+    // path (with the extension), empty when cancelled.
+    virtual QString waehleSpeicherOrt(const QString &startOrdner, const QString &vorschlag,
+                                      const QString &nachrichtSchluessel, const QString &dateiTyp) = 0;
 };

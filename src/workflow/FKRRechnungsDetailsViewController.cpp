@@ -9,3 +9,20 @@ FKRRechnungsDetailsViewController::FKRRechnungsDetailsViewController(FKRAppDeleg
 }
 
 FKRRechnungsDetailsViewController::~FKRRechnungsDetailsViewController() = default;
+
+FKRPosten *FKRRechnungsDetailsViewController::neuerPosten()
+{
+    return nullptr;
+}
+
+void FKRRechnungsDetailsViewController::waehlePostenAus(FKRPosten *) {}
+
+QList<FKREmpfaenger *> FKRRechnungsDetailsViewController::angeordneteEmpfaenger() const
+{
+    return {};
+}
+
+FKREmpfaenger *FKRRechnungsDetailsViewController::neuerEmpfaenger()
+{
+    return nullptr;
+}

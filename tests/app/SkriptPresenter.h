@@ -20,6 +20,9 @@ public:
     QList<int> antworten;
     QList<bool> fehlerGeloest;
     QList<QStringList> panelAntworten;
+    // Save panels: what was proposed (folder, name, file type), and the scripted answers.
+    QStringList speicherVorschlaege;
+    QStringList speicherAntworten;
 
     int zeigeAlert(const FKRAlert &alert) override
     {
@@ -37,6 +40,13 @@ public:
     {
         panelOrdner.append(startOrdner);
         return panelAntworten.isEmpty() ? QStringList() : panelAntworten.takeFirst();
+    }
+
+    QString waehleSpeicherOrt(const QString &startOrdner, const QString &vorschlag, const QString &,
+                              const QString &dateiTyp) override
+    {
+        speicherVorschlaege.append(startOrdner + QLatin1Char('/') + vorschlag + QLatin1Char('|') + dateiTyp);
+        return speicherAntworten.isEmpty() ? QString() : speicherAntworten.takeFirst();
     }
 
     QStringList alertTexte() const

@@ -25,6 +25,10 @@ struct StillerPresenter : FKRAlertPresenter {
         return false;
     }
     QStringList waehleDateien(const QString &, const QString &, const QString &) override { return {}; }
+    QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override
+    {
+        return {};
+    }
 };
 } // namespace
 

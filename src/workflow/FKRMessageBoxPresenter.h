@@ -6,8 +6,9 @@
 
 class QWidget;
 
-// Alerts, error presentations and the open panel of the desktop: message boxes and file
-// dialogs in the user's language, modal to the main window.
+// Alerts, error presentations and the file panels of the desktop: message boxes and file
+// dialogs in the user's language, modal to the window the user works in (the editor's alerts
+// sit on the editor, the main window's on the main window).
 class FKRMessageBoxPresenter : public FKRAlertPresenter
 {
 public:
@@ -17,7 +18,11 @@ public:
     bool praesentiereFehler(const FKRAnwendungsFehler &fehler) override;
     QStringList waehleDateien(const QString &startOrdner, const QString &nachrichtSchluessel,
                               const QString &weitererOrt) override;
+    QString waehleSpeicherOrt(const QString &startOrdner, const QString &vorschlag,
+                              const QString &nachrichtSchluessel, const QString &dateiTyp) override;
 
 private:
+    QWidget *elternFenster() const;
+
     QPointer<QWidget> m_fenster;
 };

@@ -2,6 +2,7 @@
 
 #include "FKRLocalizationHelper.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -30,7 +31,7 @@ QMessageBox::Icon symbol(FKRAlert::Stil stil)
 int FKRMessageBoxPresenter::zeigeAlert(const FKRAlert &alert)
 {
     QMessageBox box(symbol(alert.stil), text(alert.titelSchluessel), text(alert.textSchluessel), QMessageBox::NoButton,
-                    m_fenster);
+                    elternFenster());
     box.setInformativeText(alert.zusatzText);
     QList<QAbstractButton *> knoepfe;
     for (int i = 0; i < alert.knopfSchluessel.size(); ++i) {
@@ -48,7 +49,7 @@ int FKRMessageBoxPresenter::zeigeAlert(const FKRAlert &alert)
 bool FKRMessageBoxPresenter::praesentiereFehler(const FKRAnwendungsFehler &fehler)
 {
     QMessageBox box(QMessageBox::Critical, fehler.localizedDescription, fehler.localizedDescription, QMessageBox::Ok,
-                    m_fenster);
+                    elternFenster());
     box.setInformativeText(fehler.failureReason);
     if (!fehler.underlyingError.isEmpty())
         box.setDetailedText(fehler.underlyingError);
@@ -59,7 +60,7 @@ bool FKRMessageBoxPresenter::praesentiereFehler(const FKRAnwendungsFehler &fehle
 QStringList FKRMessageBoxPresenter::waehleDateien(const QString &startOrdner, const QString &nachrichtSchluessel,
                                                   const QString &weitererOrt)
 {
-    QFileDialog dialog(m_fenster, text(nachrichtSchluessel), startOrdner);
+    QFileDialog dialog(elternFenster(), text(nachrichtSchluessel), startOrdner);
     dialog.setFileMode(QFileDialog::ExistingFile);
     QList<QUrl> orte = dialog.sidebarUrls();
     orte.append(QUrl::fromLocalFile(startOrdner));
@@ -69,4 +70,25 @@ QStringList FKRMessageBoxPresenter::waehleDateien(const QString &startOrdner, co
     if (dialog.exec() != QDialog::Accepted)
         return {};
     return dialog.selectedFiles();
+}
+
+QString FKRMessageBoxPresenter::waehleSpeicherOrt(const QString &startOrdner, const QString &vorschlag,
+                                                  const QString &nachrichtSchluessel, const QString &dateiTyp)
+{
+    QFileDialog dialog(elternFenster(), text(nachrichtSchluessel), startOrdner);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilter(QStringLiteral("PDF (*.%1)").arg(dateiTyp));
+    dialog.setDefaultSuffix(dateiTyp);
+    dialog.selectFile(vorschlag);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+QWidget *FKRMessageBoxPresenter::elternFenster() const
+{
+    if (QWidget *aktiv = QApplication::activeWindow())
+        return aktiv;
+    return m_fenster;
 }
