@@ -28,3 +28,7 @@ bool FKRAppWindowController::commitEditing()
 {
     return true;
 }
+
+FKRMenuViewController *FKRAppWindowController::menuViewController() const { return nullptr; }
+FKRRechnungenListeViewController *FKRAppWindowController::listeViewController() const { return nullptr; }
+FKRRechnungsAnsichtViewController *FKRAppWindowController::ansichtViewController() const { return nullptr; }

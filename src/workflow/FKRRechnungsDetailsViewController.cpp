@@ -26,3 +26,14 @@ FKREmpfaenger *FKRRechnungsDetailsViewController::neuerEmpfaenger()
 {
     return nullptr;
 }
+
+// ---- Shell: filled in by the editor's own work ----
+void FKRRechnungsDetailsViewController::setRechnung(FKRRechnung *rechnung) { m_rechnung = rechnung; }
+QTabWidget *FKRRechnungsDetailsViewController::tabView() const { return nullptr; }
+FKRArrayController &FKRRechnungsDetailsViewController::rechnungsPostenArrayController()
+{
+    static FKRArrayController *controller = nullptr;
+    return *controller;
+}
+FKRArrayController &FKRRechnungsDetailsViewController::empfaengerArrayController() { return rechnungsPostenArrayController(); }
+FKRArrayController &FKRRechnungsDetailsViewController::absenderArrayController() { return rechnungsPostenArrayController(); }
