@@ -218,6 +218,63 @@
         <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_ZAHLUNGSEINGANG</source>
         <translation>Sortiert nach Zahlungseingang</translation>
     </message>
+    <!-- Document list: type pop-up and help; navigation menu -->
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_ALLE</source>
+        <translation>Alle Dokumentarten</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_ANSCHREIBEN</source>
+        <translation>Anschreiben</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_ANGEBOT</source>
+        <translation>Angebote</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_RECHNUNG</source>
+        <translation>Rechnungen</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_HONORARNOTE</source>
+        <translation>Honorarnoten</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_MAHNUNG</source>
+        <translation>Mahnungen</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_RECHNUNGSLISTE</source>
+        <translation>Hier stehen deine Dokumente. Links wählst du, welche du siehst: Entwürfe, versendete, fällige, bezahlte oder alle; oben schränkst du die Liste auf eine Dokumentart ein. Ein Klick auf den Spaltenkopf wechselt die Sortierung. Ein Doppelklick (oder die Eingabetaste) öffnet ein Dokument zum Bearbeiten; versendete Dokumente bleiben unverändert. Duplizieren und Löschen findest du im Kontextmenü und auf der Zeile unter dem Mauszeiger; die Entf-Taste löscht die ausgewählten Dokumente nach einer Rückfrage. Klicke auf diesen Hinweis, um ihn zu schließen.</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_ENTWUERFE</source>
+        <translation>Entwürfe</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_VERSANDT</source>
+        <translation>Versendet</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_FAELLIG</source>
+        <translation>Fällig</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_BEZAHLT</source>
+        <translation>Bezahlt</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_ALLE</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_EINSTELLUNGEN</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_HILFE</source>
+        <translation>Hilfe</translation>
+    </message>
     <!-- Document view -->
     <message>
         <source>/pdf/waehleRechnung.pdf</source>
@@ -232,6 +289,54 @@
         <source>TUTORIAL_LINK</source>
         <extracomment>Web address of the tutorial, opened in the browser.</extracomment>
         <translation>https://velmora-rechnungen.de/anleitung/</translation>
+    </message>
+    <message>
+        <source>ANSICHT_VERSENDET</source>
+        <translation>Versendet</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_VERSENDET</source>
+        <translation>Als versendet markieren: das PDF wird eingefroren und im Archiv abgelegt</translation>
+    </message>
+    <message>
+        <source>ANSICHT_BEZAHLT</source>
+        <translation>Bezahlt</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_BEZAHLT</source>
+        <translation>Als bezahlt oder wieder als unbezahlt markieren</translation>
+    </message>
+    <message>
+        <source>ANSICHT_BEZAHLT_AM</source>
+        <translation>Zahlungseingang am</translation>
+    </message>
+    <message>
+        <source>ANSICHT_MAHNUNG</source>
+        <translation>Mahnung erstellen</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_MAHNUNG</source>
+        <translation>Eine Mahnung zu diesem fälligen Dokument als Entwurf anlegen</translation>
+    </message>
+    <message>
+        <source>ANSICHT_ALS_PDF_SICHERN</source>
+        <translation>Als PDF sichern</translation>
+    </message>
+    <message>
+        <source>ANSICHT_DRUCKEN</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>ANSICHT_WEBSEITE</source>
+        <translation>Mehr auf der Webseite von Velmora Rechnungen</translation>
+    </message>
+    <message>
+        <source>PRODUKT_WEBSEITE_LINK</source>
+        <translation>https://velmora-rechnungen.de/</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_RECHNUNGSANSICHT</source>
+        <translation>Hier siehst du das gewählte Dokument so, wie es gedruckt wird. Mit „Versendet“ frierst du das PDF ein und legst es im Archiv ab; danach zeigt die Ansicht immer dieses PDF, und du kannst das Dokument als bezahlt markieren und das Zahlungsdatum eintragen. Zu fälligen Dokumenten kannst du eine Mahnung erstellen. „Duplizieren“ legt eine Kopie als Entwurf an, „Als PDF sichern“ und „Drucken“ geben das Dokument aus.</translation>
     </message>
     <!-- Editor tabs and their help texts -->
     <message>
@@ -281,6 +386,283 @@
     <message>
         <source>HILFE_TEXT_STATUS_TAB</source>
         <translation>Wähle Dokumentart, Sprache und Layout und lege die Daten des Dokuments fest. Die Sprache bestimmt alle Beschriftungen und Datumsangaben im PDF, unabhängig von der Sprache des Programms.</translation>
+    </message>
+    <!-- Document editor: buttons, labels, columns, pop-up items and input hints -->
+    <message>
+        <source>BUTTON_TITLE_WEITER</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_FERTIG</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_NEUER_POSTEN</source>
+        <translation>Neuer Posten</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_POSTEN_LOESCHEN</source>
+        <translation>Posten löschen</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_NEUER_EMPFAENGER</source>
+        <translation>Neuer Empfänger</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_EMPFAENGER_LOESCHEN</source>
+        <translation>Empfänger löschen</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_NEUER_ABSENDER</source>
+        <translation>Neuer Absender</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_ABSENDER_LOESCHEN</source>
+        <translation>Absender löschen</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_BILD_WAEHLEN</source>
+        <translation>Bild wählen …</translation>
+    </message>
+    <message>
+        <source>PANEL_TEXT_BILD_WAEHLEN</source>
+        <translation>Welche Bilddatei (JPG, PNG oder TIFF) soll übernommen werden?</translation>
+    </message>
+    <message>
+        <source>EDITOR_BILD_HIERHER_ZIEHEN</source>
+        <translation>Bilddatei hierher ziehen (JPG, PNG, TIFF)</translation>
+    </message>
+    <message>
+        <source>EDITOR_HINWEIS_KEINE_ZAHL</source>
+        <translation>Das ist keine gültige Zahl. Der Wert wird erst übernommen, wenn er korrigiert ist.</translation>
+    </message>
+    <message>
+        <source>EDITOR_HINWEIS_KEINE_GANZZAHL</source>
+        <translation>Bitte eine ganze Zahl ab 0 eingeben. Der Wert wird erst übernommen, wenn er korrigiert ist.</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_NUMMER</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_BEZEICHNUNG</source>
+        <translation>Bezeichnung</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_BESCHREIBUNG</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_ANZAHL</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_EINZELPREIS</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_GESAMT</source>
+        <translation>Gesamt</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_FIRMA</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_ORT</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_NUMMER</source>
+        <translation>Nummer:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_POSTENSUMME</source>
+        <translation>Summe der Posten:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BESCHREIBUNG</source>
+        <translation>Beschreibung des gewählten Postens:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BERECHNUNG</source>
+        <translation>Berechnung:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_NETTO</source>
+        <translation>Netto (ohne Umsatzsteuer)</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BRUTTO</source>
+        <translation>Brutto (mit Umsatzsteuer)</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_MWST</source>
+        <translation>Umsatzsteuersatz (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RABATT</source>
+        <translation>Rabatt (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_ZUSCHLAG</source>
+        <translation>Zuschlag (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_SKONTO</source>
+        <translation>Skonto (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_SKONTOZEITRAUM</source>
+        <translation>Skontofrist (Tage):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_WAEHRUNG</source>
+        <translation>Währung:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RECHNUNGSSUMME</source>
+        <translation>Gesamtsumme:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_FIRMA</source>
+        <translation>Firma:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_NAME</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_STRASSE</source>
+        <translation>Straße:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_PLZ</source>
+        <translation>PLZ:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_ORT</source>
+        <translation>Ort:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_LAND</source>
+        <translation>Land:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_EMAIL</source>
+        <translation>E-Mail:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_TELEFON</source>
+        <translation>Telefon:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_FAX</source>
+        <translation>Fax:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_IBAN</source>
+        <translation>IBAN:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BIC</source>
+        <translation>BIC:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BANK</source>
+        <translation>Bank:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_STEUERNUMMER</source>
+        <translation>Steuernummer:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_UMSATZSTEUERID</source>
+        <translation>USt-IdNr.:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_LOGO</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_UNTERSCHRIFT</source>
+        <translation>Unterschrift</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_GESCHAEFTSPAPIER</source>
+        <translation>Geschäftspapier</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_GESCHAEFTSPAPIER_DRUCKEN</source>
+        <translation>Geschäftspapier mitdrucken</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_ANREDE</source>
+        <translation>Anrede:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RECHNUNGSTEXT</source>
+        <translation>Text vor den Posten:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RECHNUNGSTEXT2</source>
+        <translation>Schlusstext:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_DOKUMENTART</source>
+        <translation>Dokumentart:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_SPRACHE</source>
+        <translation>Sprache des Dokuments:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_LAYOUT</source>
+        <translation>Layout:</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_ANSCHREIBEN</source>
+        <translation>Anschreiben</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_ANGEBOT</source>
+        <translation>Angebot</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_RECHNUNG</source>
+        <translation>Rechnung</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_HONORARNOTE</source>
+        <translation>Honorarnote</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_MAHNUNG</source>
+        <translation>Mahnung</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPRACHE_DEUTSCH</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPRACHE_ENGLISCH</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>EDITOR_LAYOUT_SEITENLEISTE</source>
+        <translation>Seitenleiste</translation>
+    </message>
+    <message>
+        <source>EDITOR_LAYOUT_KOPFLEISTE</source>
+        <translation>Kopfleiste</translation>
+    </message>
+    <message>
+        <source>EDITOR_LAYOUT_FUSSLEISTE</source>
+        <translation>Fußleiste</translation>
     </message>
     <!-- Weekdays -->
     <message>
@@ -567,6 +949,106 @@
         <source>BUTTON_TITLE_ANZEIGEN</source>
         <extracomment>The click action of a due-document notification, where the desktop lists actions.</extracomment>
         <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_TITEL</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_DOKUMENTE_IN_A4</source>
+        <translation>Dokumente im Format A4 (sonst US Letter)</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_KEINE_FAELLIGKEITS_MITTEILUNGEN</source>
+        <translation>Keine Mitteilungen für fällige Dokumente</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_SYNC</source>
+        <translation>Daten zwischen meinen Rechnern abgleichen</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_GRUPPE_DOKUMENTE</source>
+        <translation>Dokumente</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_GRUPPE_FARBE</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_GRUPPE_DATENBANK</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_IMPORT_HINWEIS</source>
+        <translation>Eine Datensicherung (.fks) ersetzt alle aktuellen Daten. Velmora Rechnungen beendet sich danach.</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_IMPORT_BUTTON</source>
+        <translation>Datenbank importieren …</translation>
+    </message>
+    <message>
+        <source>FARBE_GRAU</source>
+        <translation>Grau</translation>
+    </message>
+    <message>
+        <source>FARBE_DUNKELGRAU</source>
+        <translation>Dunkelgrau</translation>
+    </message>
+    <message>
+        <source>FARBE_ROT</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>FARBE_ORANGE</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>FARBE_GELB</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>FARBE_GRUEN</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>FARBE_BLAU</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>FARBE_VIOLETT</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>MENU_NEUES_DOKUMENT</source>
+        <translation>&amp;Neues Dokument</translation>
+    </message>
+    <message>
+        <source>MENU_NEUES_DOKUMENT_BEARBEITEN</source>
+        <translation>Neues Dokument &amp;bearbeiten …</translation>
+    </message>
+    <message>
+        <source>MENU_ALS_PDF_SICHERN</source>
+        <translation>Als &amp;PDF sichern …</translation>
+    </message>
+    <message>
+        <source>MENU_DRUCKEN</source>
+        <translation>&amp;Drucken …</translation>
+    </message>
+    <message>
+        <source>MENU_EINSTELLUNGEN</source>
+        <translation>&amp;Einstellungen …</translation>
+    </message>
+    <message>
+        <source>MENU_HILFE</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>MENU_HILFE_ANZEIGEN</source>
+        <translation>Hilfe &amp;ein- und ausblenden</translation>
+    </message>
+    <message>
+        <source>MENU_TUTORIAL</source>
+        <translation>&amp;Anleitung im Web</translation>
     </message>
 </context>
 </TS>

@@ -218,6 +218,63 @@
         <source>RECHNUNGSLISTE_SORTIERUNG_TOOLTIP_ZAHLUNGSEINGANG</source>
         <translation>Sorted by payment date</translation>
     </message>
+    <!-- Document list: type pop-up and help; navigation menu -->
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_ALLE</source>
+        <translation>All document types</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_ANSCHREIBEN</source>
+        <translation>Cover letters</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_ANGEBOT</source>
+        <translation>Quotes</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_RECHNUNG</source>
+        <translation>Invoices</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_HONORARNOTE</source>
+        <translation>Fee notes</translation>
+    </message>
+    <message>
+        <source>RECHNUNGSLISTE_DOKUMENTART_MAHNUNG</source>
+        <translation>Dunning letters</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_RECHNUNGSLISTE</source>
+        <translation>These are your documents. On the left you choose which ones you see: drafts, sent, due, paid or all; above the list you can narrow it to one document type. A click on the column header changes the sort order. A double click (or the Return key) opens a document for editing; sent documents stay as they were sent. Duplicate and Delete are in the context menu and on the row under the mouse pointer; the Delete key deletes the selected documents after asking. Click this note to close it.</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_ENTWUERFE</source>
+        <translation>Drafts</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_VERSANDT</source>
+        <translation>Sent</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_FAELLIG</source>
+        <translation>Due</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_BEZAHLT</source>
+        <translation>Paid</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_ALLE</source>
+        <translation>All</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_EINSTELLUNGEN</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>NAVIGATION_HILFE</source>
+        <translation>Help</translation>
+    </message>
     <!-- Document view -->
     <message>
         <source>/pdf/waehleRechnung.pdf</source>
@@ -232,6 +289,54 @@
         <source>TUTORIAL_LINK</source>
         <extracomment>Web address of the tutorial, opened in the browser.</extracomment>
         <translation>https://velmora-rechnungen.de/en/tutorial/</translation>
+    </message>
+    <message>
+        <source>ANSICHT_VERSENDET</source>
+        <translation>Sent</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_VERSENDET</source>
+        <translation>Mark as sent: the PDF is frozen and filed in the archive</translation>
+    </message>
+    <message>
+        <source>ANSICHT_BEZAHLT</source>
+        <translation>Paid</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_BEZAHLT</source>
+        <translation>Mark as paid, or as unpaid again</translation>
+    </message>
+    <message>
+        <source>ANSICHT_BEZAHLT_AM</source>
+        <translation>Payment received on</translation>
+    </message>
+    <message>
+        <source>ANSICHT_MAHNUNG</source>
+        <translation>Create reminder</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_MAHNUNG</source>
+        <translation>Create a reminder for this due document as a draft</translation>
+    </message>
+    <message>
+        <source>ANSICHT_ALS_PDF_SICHERN</source>
+        <translation>Save as PDF</translation>
+    </message>
+    <message>
+        <source>ANSICHT_DRUCKEN</source>
+        <translation>Print</translation>
+    </message>
+    <message>
+        <source>ANSICHT_WEBSEITE</source>
+        <translation>More on the Velmora Rechnungen website</translation>
+    </message>
+    <message>
+        <source>PRODUKT_WEBSEITE_LINK</source>
+        <translation>https://velmora-rechnungen.de/en/</translation>
+    </message>
+    <message>
+        <source>HILFE_TEXT_RECHNUNGSANSICHT</source>
+        <translation>This is the chosen document as it will be printed. “Sent” freezes the PDF and files it in the archive; from then on the view always shows that PDF, and you can mark the document as paid and enter the payment date. Due documents offer a reminder. “Duplicate” creates a copy as a draft, “Save as PDF” and “Print” put the document out.</translation>
     </message>
     <!-- Editor tabs and their help texts -->
     <message>
@@ -281,6 +386,283 @@
     <message>
         <source>HILFE_TEXT_STATUS_TAB</source>
         <translation>Choose the document type, language and layout, and set the dates of the document. The language decides all labels and dates in the PDF, independently of the language of the program.</translation>
+    </message>
+    <!-- Document editor: buttons, labels, columns, pop-up items and input hints -->
+    <message>
+        <source>BUTTON_TITLE_WEITER</source>
+        <translation>Next</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_FERTIG</source>
+        <translation>Done</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_NEUER_POSTEN</source>
+        <translation>New item</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_POSTEN_LOESCHEN</source>
+        <translation>Delete item</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_NEUER_EMPFAENGER</source>
+        <translation>New recipient</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_EMPFAENGER_LOESCHEN</source>
+        <translation>Delete recipient</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_NEUER_ABSENDER</source>
+        <translation>New sender</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_ABSENDER_LOESCHEN</source>
+        <translation>Delete sender</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_BILD_WAEHLEN</source>
+        <translation>Choose image…</translation>
+    </message>
+    <message>
+        <source>PANEL_TEXT_BILD_WAEHLEN</source>
+        <translation>Which image file (JPG, PNG or TIFF) do you want to use?</translation>
+    </message>
+    <message>
+        <source>EDITOR_BILD_HIERHER_ZIEHEN</source>
+        <translation>Drag an image file here (JPG, PNG, TIFF)</translation>
+    </message>
+    <message>
+        <source>EDITOR_HINWEIS_KEINE_ZAHL</source>
+        <translation>This is not a valid number. The value is only taken once it has been corrected.</translation>
+    </message>
+    <message>
+        <source>EDITOR_HINWEIS_KEINE_GANZZAHL</source>
+        <translation>Please enter a whole number from 0 up. The value is only taken once it has been corrected.</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_NUMMER</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_BEZEICHNUNG</source>
+        <translation>Title</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_BESCHREIBUNG</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_ANZAHL</source>
+        <translation>Quantity</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_EINZELPREIS</source>
+        <translation>Unit price</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_GESAMT</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_FIRMA</source>
+        <translation>Company</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_NAME</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPALTE_ORT</source>
+        <translation>Town</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_NUMMER</source>
+        <translation>Number:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_POSTENSUMME</source>
+        <translation>Sum of items:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BESCHREIBUNG</source>
+        <translation>Description of the selected item:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BERECHNUNG</source>
+        <translation>Calculation:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_NETTO</source>
+        <translation>Net (without VAT)</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BRUTTO</source>
+        <translation>Gross (with VAT)</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_MWST</source>
+        <translation>VAT rate (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RABATT</source>
+        <translation>Discount (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_ZUSCHLAG</source>
+        <translation>Surcharge (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_SKONTO</source>
+        <translation>Cash discount (%):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_SKONTOZEITRAUM</source>
+        <translation>Cash discount period (days):</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_WAEHRUNG</source>
+        <translation>Currency:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RECHNUNGSSUMME</source>
+        <translation>Total:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_FIRMA</source>
+        <translation>Company:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_NAME</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_STRASSE</source>
+        <translation>Street:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_PLZ</source>
+        <translation>Postcode:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_ORT</source>
+        <translation>Town:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_LAND</source>
+        <translation>Country:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_EMAIL</source>
+        <translation>Email:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_TELEFON</source>
+        <translation>Phone:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_FAX</source>
+        <translation>Fax:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_IBAN</source>
+        <translation>IBAN:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BIC</source>
+        <translation>BIC:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_BANK</source>
+        <translation>Bank:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_STEUERNUMMER</source>
+        <translation>Tax number:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_UMSATZSTEUERID</source>
+        <translation>VAT ID:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_LOGO</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_UNTERSCHRIFT</source>
+        <translation>Signature</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_GESCHAEFTSPAPIER</source>
+        <translation>Letterhead</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_GESCHAEFTSPAPIER_DRUCKEN</source>
+        <translation>Print the letterhead</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_ANREDE</source>
+        <translation>Salutation:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RECHNUNGSTEXT</source>
+        <translation>Text before the items:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_RECHNUNGSTEXT2</source>
+        <translation>Closing text:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_DOKUMENTART</source>
+        <translation>Document type:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_SPRACHE</source>
+        <translation>Document language:</translation>
+    </message>
+    <message>
+        <source>EDITOR_LABEL_LAYOUT</source>
+        <translation>Layout:</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_ANSCHREIBEN</source>
+        <translation>Cover letter</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_ANGEBOT</source>
+        <translation>Quote</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_RECHNUNG</source>
+        <translation>Invoice</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_HONORARNOTE</source>
+        <translation>Fee note</translation>
+    </message>
+    <message>
+        <source>EDITOR_ART_MAHNUNG</source>
+        <translation>Reminder</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPRACHE_DEUTSCH</source>
+        <translation>German</translation>
+    </message>
+    <message>
+        <source>EDITOR_SPRACHE_ENGLISCH</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>EDITOR_LAYOUT_SEITENLEISTE</source>
+        <translation>Sidebar</translation>
+    </message>
+    <message>
+        <source>EDITOR_LAYOUT_KOPFLEISTE</source>
+        <translation>Header bar</translation>
+    </message>
+    <message>
+        <source>EDITOR_LAYOUT_FUSSLEISTE</source>
+        <translation>Footer bar</translation>
     </message>
     <!-- Weekdays -->
     <message>
@@ -561,6 +943,106 @@
         <source>BUTTON_TITLE_ANZEIGEN</source>
         <extracomment>The click action of a due-document notification, where the desktop lists actions.</extracomment>
         <translation>Show</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_TITEL</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_DOKUMENTE_IN_A4</source>
+        <translation>Documents in A4 (otherwise US Letter)</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_KEINE_FAELLIGKEITS_MITTEILUNGEN</source>
+        <translation>No notifications for due documents</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_SYNC</source>
+        <translation>Sync data between my computers</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_GRUPPE_DOKUMENTE</source>
+        <translation>Documents</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_GRUPPE_FARBE</source>
+        <translation>Colour</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_GRUPPE_DATENBANK</source>
+        <translation>Database</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_IMPORT_HINWEIS</source>
+        <translation>A backup (.fks) replaces all current data. Velmora Rechnungen quits afterwards.</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_IMPORT_BUTTON</source>
+        <translation>Import database …</translation>
+    </message>
+    <message>
+        <source>FARBE_GRAU</source>
+        <translation>Grey</translation>
+    </message>
+    <message>
+        <source>FARBE_DUNKELGRAU</source>
+        <translation>Dark grey</translation>
+    </message>
+    <message>
+        <source>FARBE_ROT</source>
+        <translation>Red</translation>
+    </message>
+    <message>
+        <source>FARBE_ORANGE</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>FARBE_GELB</source>
+        <translation>Yellow</translation>
+    </message>
+    <message>
+        <source>FARBE_GRUEN</source>
+        <translation>Green</translation>
+    </message>
+    <message>
+        <source>FARBE_BLAU</source>
+        <translation>Blue</translation>
+    </message>
+    <message>
+        <source>FARBE_VIOLETT</source>
+        <translation>Purple</translation>
+    </message>
+    <message>
+        <source>MENU_NEUES_DOKUMENT</source>
+        <translation>&amp;New Document</translation>
+    </message>
+    <message>
+        <source>MENU_NEUES_DOKUMENT_BEARBEITEN</source>
+        <translation>New Document in &amp;Editor …</translation>
+    </message>
+    <message>
+        <source>MENU_ALS_PDF_SICHERN</source>
+        <translation>Save as &amp;PDF …</translation>
+    </message>
+    <message>
+        <source>MENU_DRUCKEN</source>
+        <translation>&amp;Print …</translation>
+    </message>
+    <message>
+        <source>MENU_EINSTELLUNGEN</source>
+        <translation>S&amp;ettings …</translation>
+    </message>
+    <message>
+        <source>MENU_HILFE</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>MENU_HILFE_ANZEIGEN</source>
+        <translation>Show or Hide &amp;Help</translation>
+    </message>
+    <message>
+        <source>MENU_TUTORIAL</source>
+        <translation>&amp;Tutorial on the Web</translation>
     </message>
 </context>
 </TS>

@@ -1,8 +1,8 @@
 #include "FKRDesktopAnwendung.h"
 
 #include "FKRAppDelegate.h"
+#include "FKRAppWindowController.h"
 #include "FKRBeendenSignale.h"
-#include "FKRHauptfenster.h"
 #include "FKRMessageBoxPresenter.h"
 #include "FKRUrlEmpfang.h"
 #include "FKRUrlImport.h"
@@ -58,7 +58,7 @@ void FKRDesktopAnwendung::starte(const QStringList &urls)
         delegate.nimmUrlEntgegen(url);
 
     delegate.applicationWillFinishLaunching();
-    m_fenster = std::make_unique<FKRHauptfenster>(delegate);
+    m_fenster = std::make_unique<FKRAppWindowController>(delegate);
     m_presenter->setFenster(m_fenster.get());
     delegate.setFensterSchicht(m_fenster.get());
     connect(m_empfang.get(), &FKRUrlEmpfang::aktivierungAngefordert, m_fenster.get(), [this] {
@@ -82,6 +82,5 @@ void FKRDesktopAnwendung::starte(const QStringList &urls)
     // The window is up before the start-up runs, so the user sees the program at once.
     QTimer::singleShot(0, this, [this] {
         m_delegate->applicationDidFinishLaunching();
-        m_fenster->zeigeDaten();
     });
 }

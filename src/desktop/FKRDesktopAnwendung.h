@@ -7,7 +7,7 @@
 
 class FKRAppDelegate;
 class FKRBeendenSignale;
-class FKRHauptfenster;
+class FKRAppWindowController;
 class FKRMessageBoxPresenter;
 class FKRUrlEmpfang;
 
@@ -32,6 +32,6 @@ private:
     std::unique_ptr<FKRMessageBoxPresenter> m_presenter;
     std::unique_ptr<FKRAppDelegate> m_delegate;
     std::unique_ptr<FKRUrlEmpfang> m_empfang;
-    std::unique_ptr<FKRHauptfenster> m_fenster;
+    std::unique_ptr<FKRAppWindowController> m_fenster;
     std::unique_ptr<FKRBeendenSignale> m_signale;
 };

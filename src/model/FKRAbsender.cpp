@@ -3,7 +3,36 @@
 #include "FKRAnzeigeName.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRRechnung.h"
+#include "ManagedObjectContext.h"
 #include "ManagedObjectModel.h"
+
+#include <QFile>
+#include <QUrl>
+
+namespace {
+
+std::optional<QByteArray> dateiInhalt(const QUrl &datei)
+{
+    if (!datei.isLocalFile())
+        return std::nullopt;
+    QFile file(datei.toLocalFile());
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QByteArray inhalt = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return std::nullopt;
+    return inhalt;
+}
+
+void sichereKontext(ManagedObjectContext *context)
+{
+    // A failed save keeps the change in the context; the editor's save operation that follows
+    // every drop reports it to the user.
+    if (context && context->hasChanges())
+        context->save();
+}
+
+} // namespace
 
 const EntityDescription &FKRAbsender::entityDescription()
 {
@@ -32,4 +61,34 @@ QList<FKRRechnung *> FKRAbsender::rechnungen() const
     for (ManagedObject *object : toMany(QStringLiteral("rechnungen")))
         result.append(static_cast<FKRRechnung *>(object));
     return result;
+}
+
+bool FKRAbsender::speichereLogoBildAusDatei(const QUrl &datei)
+{
+    const auto inhalt = dateiInhalt(datei);
+    if (!inhalt)
+        return false;
+    setLogoImageBinary(inhalt);
+    sichereKontext(managedObjectContext());
+    return true;
+}
+
+bool FKRAbsender::speichereUnterschriftBildAusDatei(const QUrl &datei)
+{
+    const auto inhalt = dateiInhalt(datei);
+    if (!inhalt)
+        return false;
+    setUnterschriftImageBinary(inhalt);
+    sichereKontext(managedObjectContext());
+    return true;
+}
+
+bool FKRAbsender::speichereGeschaeftspapierBildAusDatei(const QUrl &datei)
+{
+    const auto inhalt = dateiInhalt(datei);
+    if (!inhalt)
+        return false;
+    setGeschaeftspapierImageBinary(inhalt);
+    sichereKontext(managedObjectContext());
+    return true;
 }

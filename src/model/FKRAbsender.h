@@ -5,6 +5,7 @@
 #include <QList>
 
 class FKRRechnung;
+class QUrl;
 
 // The issuing business: contact, tax and bank details, logo, signature and letterhead.
 class FKRAbsender : public ManagedObject
@@ -74,6 +75,14 @@ public:
     QString firmaNameAdresse() const;
 
     QList<FKRRechnung *> rechnungen() const;
+
+    // The image files dropped on the editor's slots: the whole file is kept in the store, so a
+    // document keeps its logo, signature and letterhead when the file is moved or deleted. The
+    // path attribute is left alone. Saves the context when it has changes. False, with nothing
+    // changed, when the file cannot be read.
+    bool speichereLogoBildAusDatei(const QUrl &datei);
+    bool speichereUnterschriftBildAusDatei(const QUrl &datei);
+    bool speichereGeschaeftspapierBildAusDatei(const QUrl &datei);
 
 Q_SIGNALS:
     void archiviertChanged();

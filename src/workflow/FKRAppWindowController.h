@@ -3,16 +3,20 @@
 #include "FKRFensterSchicht.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 class FKRAppDelegate;
 class FKRMenuViewController;
 class FKRRechnungenListeViewController;
 class FKRRechnungsAnsichtViewController;
+class FKRRechnungsDetailsWindowController;
+class QBMEinstellungenViewController;
 class QSplitter;
 
 // The main window: the navigation menu, the document list and the document view side by side
 // in one split view (items 0, 1 and 2), the window-level commands and their menu bar. The
-// application core reaches the windows through it.
+// application core reaches the windows through it. Closing it asks the application whether it
+// may quit.
 class FKRAppWindowController : public QMainWindow, public FKRFensterSchicht
 {
     Q_OBJECT
@@ -26,6 +30,17 @@ public:
     FKRRechnungenListeViewController *listeViewController() const;
     FKRRechnungsAnsichtViewController *ansichtViewController() const;
 
+    // Window-level commands (also in the menu bar, with their shortcuts).
+    void neueRechnung();
+    // "zeigeNeueFKRRechnungDetails": a new document, opened in the editor.
+    FKRRechnungsDetailsWindowController *neueRechnungImEditor();
+    void sichereRechnungAlsPDF();
+    void druckeRechnung();
+    void zeigeHilfeView();
+    void zeigeTutorial();
+    // The settings screen, one window that is raised when already open.
+    QBMEinstellungenViewController *zeigeEinstellungen();
+
     // FKRFensterSchicht
     FKROffenerEditor *offenerEditor() override;
     QList<FKRRechnung *> unbezahlteRechnungen() override;
@@ -33,7 +48,13 @@ public:
     void zeigeHilfe() override;
     bool commitEditing() override;
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
+    void baueMenue();
+
     FKRAppDelegate &m_delegate;
     QSplitter *m_splitView = nullptr;
+    QPointer<QBMEinstellungenViewController> m_einstellungen;
 };

@@ -4,6 +4,7 @@
 #include "ManagedObjectContext.h"
 
 #include <QCollator>
+#include <QSet>
 #include <QTimer>
 
 #include <algorithm>
@@ -48,7 +49,7 @@ FKRArrayController::FKRArrayController(ManagedObjectContext &context, const QStr
     , m_entityName(entityName)
 {
     connect(&m_context, &ManagedObjectContext::objectsDidChange, this, &FKRArrayController::markiereVeraltet);
-    connect(&m_context, &ManagedObjectContext::didSave, this, &FKRArrayController::rearrangeObjects);
+    connect(&m_context, &ManagedObjectContext::didSave, this, &FKRArrayController::aktualisiereInhalt);
     markiereVeraltet();
 }
 
@@ -70,8 +71,10 @@ const QList<ManagedObject *> &FKRArrayController::arrangedObjects() const
 {
     // A stale arrangement is rebuilt before anyone reads it, so a caller that has just inserted
     // or deleted sees the result; the rebuild itself is not observable state of the controller.
-    if (m_veraltet)
-        const_cast<FKRArrayController *>(this)->rearrangeObjects();
+    // Views that read during the reset itself get the arrangement being replaced, not a second
+    // rebuild inside the first.
+    if (m_veraltet && !m_ordnetNeu)
+        const_cast<FKRArrayController *>(this)->aktualisiereInhalt();
     return m_arranged;
 }
 
@@ -91,7 +94,7 @@ int FKRArrayController::rowOf(const ManagedObject *object) const
 ManagedObject *FKRArrayController::newObject()
 {
     ManagedObject *object = m_context.insertNewObjectForEntityForName(m_entityName);
-    rearrangeObjects();
+    aktualisiereInhalt();
     return object;
 }
 
@@ -104,18 +107,57 @@ void FKRArrayController::markiereVeraltet()
     QTimer::singleShot(0, this, [this] {
         m_neuordnungGeplant = false;
         if (m_veraltet)
-            rearrangeObjects();
+            aktualisiereInhalt();
     });
+}
+
+void FKRArrayController::aktualisiereInhalt()
+{
+    // Rows stay where the user saw them: only deleted objects leave, and objects that newly
+    // pass the filter join at the end in the sort order. A document marked sent in the drafts
+    // area therefore stays in view until the area or the order changes.
+    QList<ManagedObject *> objekte;
+    objekte.reserve(m_arranged.size());
+    QSet<const ManagedObject *> vorhanden;
+    vorhanden.reserve(m_arranged.size());
+    for (ManagedObject *object : std::as_const(m_arranged)) {
+        if (!object->isDeleted()) {
+            objekte.append(object);
+            vorhanden.insert(object);
+        }
+    }
+    QList<ManagedObject *> neu;
+    for (ManagedObject *object : m_context.executeFetchRequest({m_entityName, m_filter, {}})) {
+        if (!vorhanden.contains(object))
+            neu.append(object);
+    }
+    ordne(neu);
+    objekte.append(neu);
+    setzeAnordnung(std::move(objekte));
 }
 
 void FKRArrayController::rearrangeObjects()
 {
     QList<ManagedObject *> objekte = m_context.executeFetchRequest({m_entityName, m_filter, {}});
     ordne(objekte);
+    setzeAnordnung(std::move(objekte));
+}
+
+QList<ManagedObject *> FKRArrayController::arrangeObjects(const Praedikat &filter) const
+{
+    QList<ManagedObject *> objekte = m_context.executeFetchRequest({m_entityName, filter, {}});
+    ordne(objekte);
+    return objekte;
+}
+
+void FKRArrayController::setzeAnordnung(QList<ManagedObject *> objekte)
+{
+    m_ordnetNeu = true;
     beginResetModel();
     m_arranged = std::move(objekte);
     m_veraltet = false;
     endResetModel();
+    m_ordnetNeu = false;
     Q_EMIT arrangedObjectsChanged();
 }
 

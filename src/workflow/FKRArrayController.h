@@ -16,10 +16,13 @@ class ManagedObjectContext;
 // declared by the owner with a function per role, so the same controller serves the document
 // list and the editor's item, recipient and sender tables.
 //
-// The arrangement follows the context: an insert or delete marks it stale and it is rebuilt on
-// the next turn of the event loop (or at once when arrangedObjects() is read); every save
-// rebuilds it at once, because a save follows every structural change and field edits of the
-// editor arrive with it. A rebuild resets the model; views keep their selection by object.
+// The arrangement follows the context without reordering what the user sees: an insert or
+// delete marks it stale and it is refreshed on the next turn of the event loop (or at once when
+// arrangedObjects() is read), and every save refreshes it at once, because a save follows every
+// structural change and the editor's field edits arrive with it. A refresh drops deleted objects
+// and adds those that newly pass the filter at the end; only rearrangeObjects() (and a new filter
+// or sort order) filters and sorts everything again. Either resets the model; views keep their
+// selection by object.
 //
 // Text keys sort case-insensitively in the user's collation, absent values first, other keys by
 // plain comparison; the sort keys are read once per object and rebuild, so even long lists
@@ -65,8 +68,8 @@ public:
     ManagedObject *objectAt(int row) const;
     int rowOf(const ManagedObject *object) const; // -1 when not arranged
 
-    // A new object of the entity inserted into the context, arranged at once when it passes the
-    // filter.
+    // A new object of the entity inserted into the context; it joins the arrangement at once,
+    // at the end, when it passes the filter.
     ManagedObject *newObject();
     template<typename T>
     T *newObjectOf()
@@ -74,8 +77,11 @@ public:
         return static_cast<T *>(newObject());
     }
 
-    // Rebuilds the arrangement now.
+    // Filters and sorts everything again, now.
     void rearrangeObjects();
+    // The objects of the entity that pass `filter`, in the controller's sort order; the
+    // arrangement itself is left alone.
+    QList<ManagedObject *> arrangeObjects(const Praedikat &filter) const;
 
     void setSpalten(const QList<Spalte> &spalten);
 
@@ -94,6 +100,8 @@ Q_SIGNALS:
 
 private:
     void markiereVeraltet();
+    void aktualisiereInhalt();
+    void setzeAnordnung(QList<ManagedObject *> objekte);
     void ordne(QList<ManagedObject *> &objekte) const;
 
     ManagedObjectContext &m_context;
@@ -104,4 +112,5 @@ private:
     mutable QList<ManagedObject *> m_arranged;
     mutable bool m_veraltet = true;
     bool m_neuordnungGeplant = false;
+    bool m_ordnetNeu = false;
 };

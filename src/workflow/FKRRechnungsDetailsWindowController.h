@@ -10,7 +10,8 @@ class FKRRechnungsAnsichtViewController;
 class FKRRechnungsDetailsViewController;
 
 // The editor's own window. Closing it saves, makes the document view of the main window
-// redisplay and lets the editor go.
+// redisplay and lets the editor go. Several editors can be open at once; the one the user
+// worked in last receives the items of the time tracker.
 class FKRRechnungsDetailsWindowController : public QWidget
 {
     Q_OBJECT
@@ -30,6 +31,11 @@ public:
     FKRRechnungsDetailsViewController *editor() const { return m_editor; }
     FKRRechnungsAnsichtViewController *rechnungsAnsichtViewController() const;
     void setRechnungsAnsichtViewController(FKRRechnungsAnsichtViewController *ansicht);
+
+protected:
+    bool event(QEvent *event) override;
+    // Saves, makes the document view redisplay and lets the editor's document go.
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     FKRRechnungsDetailsWindowController(FKRAppDelegate &delegate, QWidget *parent = nullptr);

@@ -12,6 +12,7 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QThread>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -157,7 +158,7 @@ TEST(UrlUebergabeZwischenProgrammen, ZweiterStartUebergibtUndEndetSofort)
     const QString datenOrdner = heim.filePath(u"data_home/Velmora-Rechnungen"_s);
     ASSERT_TRUE(QDir().mkpath(datenOrdner));
     const QString name = FKRUrlEmpfang::socketName(datenOrdner);
-    // A document with two items: the main window opens it, so imported items go there.
+    // A document with two items.
     const QString store = datenOrdner + u"/VelmoraRechnungen.storedata"_s;
     {
         storetest::OpenStore offen(store);
@@ -194,18 +195,13 @@ TEST(UrlUebergabeZwischenProgrammen, ZweiterStartUebergibtUndEndetSofort)
         protokoll += QString::fromUtf8(erster.readAllStandardError());
         return protokoll.contains(u"importing an item handed over by URL"_s);
     }, 10000)) << protokoll.toStdString();
-    // The first program saved the new item into its store at once.
-    EXPECT_TRUE(warteBis([&] {
+    // No editor is open in the first program: it asks the user to open a document and stores
+    // nothing (the item reaching an open editor is covered with the real windows in-process).
+    QThread::msleep(300);
+    {
         storetest::OpenStore offen(store);
-        const auto posten = offen.moc().fetch<FKRPosten>({}, {{u"postenNummer"_s}});
-        if (posten.size() != 3)
-            return false;
-        EXPECT_EQ(posten[2]->postenBezeichnung(), u"Acme  "_s);
-        EXPECT_EQ(posten[2]->anzahl(), Decimal::parse("1.5"));
-        EXPECT_EQ(posten[2]->einzelbetrag(), Decimal(80));
-        EXPECT_EQ(posten[2]->rechnung()->empfaenger()->name(), u"Acme"_s);
-        return true;
-    }, 10000));
+        EXPECT_EQ(offen.moc().fetch<FKRPosten>().size(), 2);
+    }
     zweiterStart({}); // only brings the running program forward
     EXPECT_EQ(erster.state(), QProcess::Running);
 

@@ -58,19 +58,28 @@ TEST_F(ArrayControllerTest, OrdnetNachMehrerenSchluesselnOhneRuecksichtAufGrosss
     EXPECT_EQ(controller.rowCount(), 3);
 }
 
-TEST_F(ArrayControllerTest, FolgtEinfuegenLoeschenUndSpeichern)
+TEST_F(ArrayControllerTest, FolgtEinfuegenLoeschenUndSpeichernOhneZeilenZuVerschieben)
 {
     FKRArrayController controller(moc(), u"FKRRechnung"_s);
     controller.setSortDescriptors({{u"rechnungsNummer"_s, true}});
+    controller.setFilterPredicate([](const ManagedObject &o) {
+        return static_cast<const FKRRechnung &>(o).versandt() != true;
+    });
     auto *b = dokument(u"B"_s);
     // An insert is seen by the next reader at once, and by the views on the next turn.
     EXPECT_EQ(nummern(controller), QStringList{u"B"_s});
 
     auto *neu = controller.newObjectOf<FKRRechnung>();
-    EXPECT_EQ(controller.rowOf(neu), 0); // no number sorts first
-    neu->setRechnungsNummer(u"C"_s);
+    EXPECT_EQ(controller.rowOf(neu), 1); // new rows join at the end
+    neu->setRechnungsNummer(u"A"_s);
+    b->setVersandt(true);
     ASSERT_TRUE(moc().save());
-    EXPECT_EQ(nummern(controller), (QStringList{u"B"_s, u"C"_s}));
+    // A save neither reorders nor drops a row that no longer passes the filter ...
+    EXPECT_EQ(nummern(controller), (QStringList{u"B"_s, u"A"_s}));
+    // ... until the controller is asked to arrange again.
+    controller.rearrangeObjects();
+    EXPECT_EQ(nummern(controller), QStringList{u"A"_s});
+    controller.setFilterPredicate({});
 
     int umordnungen = 0;
     QObject::connect(&controller, &FKRArrayController::arrangedObjectsChanged, [&] { ++umordnungen; });

@@ -1,0 +1,52 @@
+#include "FKRDezimalDelegate.h"
+
+#include "DecimalMetaType.h"
+
+#include <QKeyEvent>
+
+FKRDezimalDelegate::FKRDezimalDelegate(FKRDezimalFeld::Art art, QObject *parent)
+    : QStyledItemDelegate(parent)
+    , m_art(art)
+{
+}
+
+QWidget *FKRDezimalDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &) const
+{
+    auto *feld = new FKRDezimalFeld(m_art, parent);
+    feld->setFrame(false);
+    return feld;
+}
+
+void FKRDezimalDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    auto *feld = static_cast<FKRDezimalFeld *>(editor);
+    // The edit text of a cell is the plain number in the user's locale.
+    const QString text = index.data(Qt::EditRole).toString();
+    if (feld->text() != text)
+        feld->setText(text);
+}
+
+void FKRDezimalDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    const auto *feld = static_cast<const FKRDezimalFeld *>(editor);
+    const std::optional<Decimal> wert = feld->eingabe();
+    if (!wert)
+        return;
+    if (m_art == FKRDezimalFeld::Art::Ganzzahl)
+        model->setData(index, QVariant::fromValue(qint64(wert->toInt64())));
+    else
+        model->setData(index, QVariant::fromValue(*wert));
+}
+
+bool FKRDezimalDelegate::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto *feld = qobject_cast<FKRDezimalFeld *>(object);
+        const int taste = static_cast<QKeyEvent *>(event)->key();
+        const bool verlaesst = taste == Qt::Key_Return || taste == Qt::Key_Enter || taste == Qt::Key_Tab
+                               || taste == Qt::Key_Backtab;
+        if (feld && verlaesst && !feld->eingabe())
+            return true;
+    }
+    return QStyledItemDelegate::eventFilter(object, event);
+}

@@ -1,0 +1,107 @@
+// What the application core asks of the main window: imported items reach the open editor,
+// the reminders are read in the list's order without disturbing it, a click on a reminder
+// shows the due area, and closing the window closes the editors with it.
+
+#include "WorkflowTestSupport.h"
+
+#include "FKRAppWindowController.h"
+#include "FKRArrayController.h"
+#include "FKREmpfaenger.h"
+#include "FKRMenuKnopf.h"
+#include "FKRPosten.h"
+#include "FKRRechnung.h"
+#include "FKRRechnungsDetailsViewController.h"
+#include "FKRRechnungsDetailsWindowController.h"
+
+#include <QPointer>
+
+using namespace workflowtest;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class HauptfensterTest : public FensterTest
+{
+protected:
+    HauptfensterTest()
+    {
+        fenster = std::make_unique<FKRAppWindowController>(*delegate);
+        delegate->setFensterSchicht(fenster.get());
+        fenster->show();
+    }
+    ~HauptfensterTest() override
+    {
+        delegate->setFensterSchicht(nullptr);
+        fenster.reset();
+    }
+
+    FKRRechnung *dokument(const QString &nummer, int faelligInTagen, bool bezahlt)
+    {
+        auto *r = moc().insertNewObject<FKRRechnung>();
+        r->setRechnungsNummer(nummer);
+        r->setFaelligkeitsDatum(QDateTime::currentDateTime().addDays(faelligInTagen));
+        r->setBezahlt(bezahlt);
+        return r;
+    }
+
+    std::unique_ptr<FKRAppWindowController> fenster;
+};
+
+TEST_F(HauptfensterTest, ImportiertePostenGehenInDenOffenenEditor)
+{
+    FKRRechnung *rechnung = dokument(u"RE-7"_s, 14, false);
+    delegate->saveAction();
+
+    // Without an editor the user is asked to open a document, and nothing is stored.
+    const QString url = u"velmora://importRechnungsPosten?auftraggeber=Acme&summeStunden=5400&summeErtraege=120"_s;
+    delegate->handleGetUrlEvent(url);
+    EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT"_s});
+    EXPECT_TRUE(rechnung->posten().isEmpty());
+
+    fenster->listeViewController()->setSelectedObjects({rechnung});
+    fenster->listeViewController()->tabelleDoppelGeklickt();
+    QPointer<FKRRechnungsDetailsWindowController> editorFenster = FKRRechnungsDetailsWindowController::aktuellesFenster();
+    ASSERT_TRUE(editorFenster);
+    ASSERT_EQ(fenster->offenerEditor(), editorFenster->editor());
+
+    delegate->handleGetUrlEvent(url);
+    ASSERT_EQ(rechnung->posten().size(), 1);
+    FKRPosten *posten = rechnung->posten().first();
+    EXPECT_EQ(posten->anzahl(), Decimal::parse("1.5"));
+    EXPECT_EQ(posten->einzelbetrag(), Decimal(80));
+    ASSERT_NE(rechnung->empfaenger(), nullptr);
+    EXPECT_EQ(rechnung->empfaenger()->name(), u"Acme"_s);
+    EXPECT_EQ(editorFenster->editor()->rechnungsPostenArrayController().arranged<FKRPosten>(), QList<FKRPosten *>{posten});
+    EXPECT_FALSE(moc().hasChanges());
+
+    // Closing the main window (the quit decision allows it) closes the editor too.
+    EXPECT_TRUE(fenster->close());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(editorFenster.isNull());
+    EXPECT_EQ(fenster->offenerEditor(), nullptr);
+}
+
+TEST_F(HauptfensterTest, ErinnerungenInListenOrdnungUndKlickZeigtFaellige)
+{
+    FKRRechnung *spaet = dokument(u"B"_s, 30, false);
+    FKRRechnung *faellig = dokument(u"A"_s, -2, false);
+    dokument(u"C"_s, -5, true);
+    delegate->saveAction();
+
+    // The drafts area with one row selected: reading the reminders leaves both alone.
+    QTest::mouseClick(fenster->menuViewController()->bereichsKnopf(0), Qt::LeftButton);
+    auto &liste = fenster->listeViewController()->rechnungenListeArrayController();
+    fenster->listeViewController()->setSelectedObjects({faellig});
+    const QList<FKRRechnung *> vorher = liste.arranged<FKRRechnung>();
+    EXPECT_EQ(fenster->unbezahlteRechnungen(), (QList<FKRRechnung *>{spaet, faellig})); // due date descending
+    EXPECT_EQ(liste.arranged<FKRRechnung>(), vorher);
+    EXPECT_EQ(fenster->listeViewController()->selectedObjects(), QList<FKRRechnung *>{faellig});
+
+    // A click on a reminder: the due area, highlighted, with the due document only.
+    fenster->zeigeFaelligeRechnungen();
+    EXPECT_EQ(liste.arranged<FKRRechnung>(), QList<FKRRechnung *>{faellig});
+    EXPECT_EQ(fenster->menuViewController()->bereichsKnopf(2)->textFarbe(), QColor(Qt::white));
+    EXPECT_EQ(fenster->ansichtViewController()->rechnung(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,215 @@
+// Numbers in the editor: typed in the user's locale, rates as percentages stored as exact
+// fractions, refused text that never reaches the document, net and gross, the currency, and
+// the sums that follow every edit at once.
+
+#include "WorkflowTestSupport.h"
+
+#include "FKRArrayController.h"
+#include "FKRDezimalFeld.h"
+#include "FKREditorBetragTab.h"
+#include "FKREditorPostenTab.h"
+#include "FKRPosten.h"
+#include "FKRRechnung.h"
+#include "FKRRechnungsDetailsViewController.h"
+#include "FKRRechnungsDetailsWindowController.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTableView>
+
+using namespace workflowtest;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+Decimal zahl(const char *text)
+{
+    return *Decimal::parse(text);
+}
+
+class BetragTest : public FensterTest
+{
+protected:
+    ~BetragTest() override
+    {
+        while (auto *fenster = FKRRechnungsDetailsWindowController::aktuellesFenster())
+            fenster->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    // A document with one item of 100 at 19 % VAT, opened on the amount tab.
+    FKRRechnungsDetailsViewController &oeffneBetragTab()
+    {
+        rechnung = moc().insertNewObject<FKRRechnung>();
+        rechnung->setMwStSatz(zahl("0.19"));
+        rechnung->setBrutto(true);
+        posten = moc().insertNewObject<FKRPosten>();
+        posten->setAnzahl(Decimal(1));
+        posten->setEinzelbetrag(Decimal(100));
+        posten->setRechnung(rechnung);
+        moc().save();
+        auto *fenster = FKRRechnungsDetailsWindowController::oeffne(*delegate, rechnung, nullptr);
+        fenster->editor()->tabView()->setCurrentIndex(1);
+        return *fenster->editor();
+    }
+
+    static void ersetze(QWidget *feld, const QString &text, bool bestaetigen = false)
+    {
+        QTest::keyClick(feld, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(feld, text);
+        if (bestaetigen)
+            QTest::keyClick(feld, Qt::Key_Return);
+    }
+
+    FKRRechnung *rechnung = nullptr;
+    FKRPosten *posten = nullptr;
+};
+
+TEST_F(BetragTest, ZahlenInDerSpracheDesBenutzers)
+{
+    EXPECT_EQ(FKRDezimalFeld::leseZahl(u"1.234,5"_s), zahl("1234.5"));
+    EXPECT_EQ(FKRDezimalFeld::leseZahl(u" -12,50 "_s), zahl("-12.5"));
+    EXPECT_EQ(FKRDezimalFeld::leseZahl(u",5"_s), zahl("0.5"));
+    // The German point groups thousands: "1.5" is not one and a half, and not fifteen either.
+    for (const QString &falsch : {u"1.5"_s, u"1.23"_s, u"1,2,3"_s, u"12a"_s, u"1e3"_s, u""_s, u"-"_s, u"∞"_s})
+        EXPECT_FALSE(FKRDezimalFeld::leseZahl(falsch)) << falsch.toStdString();
+    EXPECT_EQ(FKRDezimalFeld::zahlText(zahl("-7.5")), u"-7,5"_s);
+
+    QLocale::setDefault(QLocale(u"en_US"_s));
+    EXPECT_EQ(FKRDezimalFeld::leseZahl(u"1,234.5"_s), zahl("1234.5"));
+    EXPECT_EQ(FKRDezimalFeld::leseZahl(u"1.5"_s), zahl("1.5"));
+    EXPECT_FALSE(FKRDezimalFeld::leseZahl(u"1,5"_s));
+    EXPECT_EQ(FKRDezimalFeld::zahlText(zahl("7.5")), u"7.5"_s);
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+}
+
+TEST_F(BetragTest, ProzenteWerdenAlsBruchGespeichertUndFalscherTextNie)
+{
+    FKRRechnungsDetailsViewController &editor = oeffneBetragTab();
+    FKREditorBetragTab &tab = *editor.betragTab();
+    EXPECT_EQ(tab.betragTabMwStSatzTextField->text(), u"19"_s);
+    EXPECT_EQ(tab.betragTabRabattTextField->text(), u"0"_s);
+    EXPECT_EQ(tab.betragTabRechnungsSummeTextField->text(), u"€ 119,00"_s);
+
+    ersetze(tab.betragTabRabattTextField, u"12,5"_s, true);
+    EXPECT_EQ(rechnung->rabatt(), zahl("0.125"));
+    EXPECT_EQ(tab.betragTabRechnungsSummeTextField->text(), u"€ 104,13"_s);
+
+    // The value stays what it was before this edit, here the confirmed 12,5 %.
+    ersetze(tab.betragTabRabattTextField, u"zwanzig"_s);
+    EXPECT_TRUE(tab.betragTabRabattTextField->zeigtHinweis());
+    EXPECT_EQ(tab.betragTabRabattTextField->toolTip(),
+              FKRLocalizationHelper::hauptTabellenText(u"EDITOR_HINWEIS_KEINE_ZAHL"_s));
+    EXPECT_EQ(rechnung->rabatt(), zahl("0.125"));
+    EXPECT_EQ(tab.betragTabRechnungsSummeTextField->text(), u"€ 104,13"_s);
+
+    ersetze(tab.betragTabRabattTextField, u"5 %"_s);
+    EXPECT_FALSE(tab.betragTabRabattTextField->zeigtHinweis());
+    EXPECT_EQ(rechnung->rabatt(), zahl("0.05"));
+
+    // The period is whole days; the "1" typed on the way to "1,5" is not kept either.
+    ersetze(tab.betragTabSkontoZeitraumTextField, u"1,5"_s);
+    EXPECT_TRUE(tab.betragTabSkontoZeitraumTextField->zeigtHinweis());
+    EXPECT_EQ(rechnung->skontoZeitraum(), qint64(0));
+    ersetze(tab.betragTabSkontoZeitraumTextField, u"14"_s);
+    EXPECT_EQ(rechnung->skontoZeitraum(), qint64(14));
+
+    // A refreshed tab shows what is stored.
+    ersetze(tab.betragTabZuschlagTextField, u"x"_s);
+    editor.tabView()->setCurrentIndex(0);
+    editor.tabView()->setCurrentIndex(1);
+    EXPECT_FALSE(tab.betragTabZuschlagTextField->zeigtHinweis());
+    EXPECT_EQ(tab.betragTabZuschlagTextField->text(), u"0"_s);
+}
+
+TEST_F(BetragTest, NettoLoeschtDieUmsatzsteuerUndBruttoZeigtNullBisZurEingabe)
+{
+    FKRRechnungsDetailsViewController &editor = oeffneBetragTab();
+    FKREditorBetragTab &tab = *editor.betragTab();
+    EXPECT_TRUE(tab.betragTabBruttoRadioButton->isChecked());
+    EXPECT_TRUE(tab.betragTabMwStSatzTextField->isEnabled());
+
+    QTest::mouseClick(tab.betragTabNettoRadioButton, Qt::LeftButton);
+    EXPECT_EQ(rechnung->brutto(), false);
+    EXPECT_EQ(rechnung->mwStSatz(), Decimal(0));
+    EXPECT_EQ(tab.betragTabMwStSatzTextField->text(), u"0"_s);
+    EXPECT_FALSE(tab.betragTabMwStSatzTextField->isEnabled());
+    EXPECT_EQ(tab.betragTabRechnungsSummeTextField->text(), u"€ 100,00"_s);
+
+    QTest::mouseClick(tab.betragTabBruttoRadioButton, Qt::LeftButton);
+    EXPECT_EQ(rechnung->brutto(), true);
+    EXPECT_EQ(tab.betragTabMwStSatzTextField->text(), u"0"_s);
+    EXPECT_TRUE(tab.betragTabMwStSatzTextField->isEnabled());
+    ersetze(tab.betragTabMwStSatzTextField, u"7"_s);
+    EXPECT_EQ(rechnung->mwStSatz(), zahl("0.07"));
+    EXPECT_EQ(tab.betragTabRechnungsSummeTextField->text(), u"€ 107,00"_s);
+}
+
+TEST_F(BetragTest, WaehrungBevorzugtEuroUndBehaeltEineFremde)
+{
+    FKRRechnungsDetailsViewController &editor = oeffneBetragTab();
+    QComboBox *box = editor.betragTab()->betragTabWaehrungsComboBox;
+    rechnung->setWaehrung(std::nullopt);
+    editor.tabView()->setCurrentIndex(0);
+    editor.tabView()->setCurrentIndex(1);
+    EXPECT_EQ(box->currentText(), u"€"_s);
+    EXPECT_EQ(rechnung->waehrung(), std::nullopt);
+
+    rechnung->setWaehrung(u"SEK"_s);
+    editor.tabView()->setCurrentIndex(0);
+    editor.tabView()->setCurrentIndex(1);
+    EXPECT_EQ(box->currentText(), u"SEK"_s);
+    EXPECT_EQ(rechnung->waehrung(), u"SEK"_s);
+
+    box->setCurrentIndex(box->findText(u"CHF"_s));
+    EXPECT_EQ(rechnung->waehrung(), u"CHF"_s);
+    EXPECT_EQ(editor.betragTab()->betragTabRechnungsSummeTextField->text(), u"CHF 119,00"_s);
+}
+
+TEST_F(BetragTest, PostenZellenAendernDieSummeSofortUndLehnenTextAb)
+{
+    FKRRechnungsDetailsViewController &editor = oeffneBetragTab();
+    editor.tabView()->setCurrentIndex(0);
+    QTableView *tabelle = editor.postenTab()->postenTableView;
+    QPointer<FKRDezimalFeld> feld;
+    const auto bearbeite = [&](int spalte, const QString &text) {
+        const QModelIndex zelle = editor.rechnungsPostenArrayController().index(0, spalte);
+        tabelle->setCurrentIndex(zelle);
+        tabelle->edit(zelle);
+        feld = qobject_cast<FKRDezimalFeld *>(tabelle->indexWidget(zelle));
+        if (!feld)
+            return false;
+        ersetze(feld, text);
+        QTest::keyClick(feld, Qt::Key_Return);
+        // The view commits a cell on the next turn of the event loop.
+        QCoreApplication::processEvents();
+        return true;
+    };
+
+    ASSERT_TRUE(bearbeite(FKREditorPostenTab::kAnzahl, u"2,5"_s));
+    EXPECT_EQ(posten->anzahl(), zahl("2.5"));
+    EXPECT_EQ(editor.postenTab()->postenTabRechnungsSummeTextField->text(), u"€ 250,00"_s);
+    EXPECT_EQ(editor.betragTab()->betragTabRechnungsSummeTextField->text(), u"€ 297,50"_s);
+
+    ASSERT_TRUE(bearbeite(FKREditorPostenTab::kEinzelbetrag, u"1.000,50"_s));
+    EXPECT_EQ(posten->einzelbetrag(), zahl("1000.5"));
+    EXPECT_EQ(editor.postenTab()->postenTabRechnungsSummeTextField->text(), u"€ 2.501,25"_s);
+
+    // Return does not leave a cell with text that is not a number; Escape drops the text.
+    ASSERT_TRUE(bearbeite(FKREditorPostenTab::kAnzahl, u"zwei"_s));
+    ASSERT_FALSE(feld.isNull());
+    EXPECT_TRUE(feld->zeigtHinweis());
+    EXPECT_EQ(tabelle->indexWidget(editor.rechnungsPostenArrayController().index(0, FKREditorPostenTab::kAnzahl)), feld);
+    QTest::keyClick(feld, Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(posten->anzahl(), zahl("2.5"));
+
+    // Nor does the model take text from anywhere else.
+    EXPECT_FALSE(editor.rechnungsPostenArrayController().setData(
+        editor.rechnungsPostenArrayController().index(0, FKREditorPostenTab::kAnzahl), u"viel"_s));
+    EXPECT_EQ(posten->anzahl(), zahl("2.5"));
+}
+
+} // namespace

@@ -1,0 +1,114 @@
+// The settings screen writes through to the settings file at once, drives the sync seam in
+// the right order, and starts the database import.
+
+#include "WorkflowTestSupport.h"
+
+#include "FKRDatenbankImport.h"
+#include "QBBenutzerEinstellungen.h"
+#include "QBMEinstellungenViewController.h"
+#include "QBMStyleUtil.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace workflowtest;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class EinstellungenTest : public FensterTest
+{
+protected:
+    EinstellungenTest()
+    {
+        auto attrappe = std::make_unique<apptest::SyncAttrappe>();
+        sync = attrappe.get();
+        delegate->setSyncKoordinator(std::move(attrappe));
+        einstellungen->setBackgroundColorRechnungen(43);
+        einstellungen->setPdfDocumentSizeIsLetter(false);
+        einstellungen->setVerwendeiCloudSync(false);
+        einstellungen->sichereBenutzerEinstellungen();
+        screen.show();
+    }
+
+    // What the settings file holds now, read by a second reader.
+    std::unique_ptr<QBBenutzerEinstellungen> gespeichert()
+    {
+        return QBBenutzerEinstellungen::withSettingsFile(einstellungen->settingsFilePath());
+    }
+
+    QBBenutzerEinstellungen *einstellungen = QBBenutzerEinstellungen::sharedInstance();
+    apptest::SyncAttrappe *sync = nullptr;
+    QBMEinstellungenViewController screen{*delegate};
+};
+
+TEST_F(EinstellungenTest, FarbfelderSpeichernIhrenCodeSofort)
+{
+    EXPECT_EQ(screen.versionStringTextField()->text(), u"v 3.13"_s);
+    EXPECT_TRUE(screen.swatch(3)->isChecked()); // the default red
+
+    QTest::mouseClick(screen.swatch(1), Qt::LeftButton);
+    EXPECT_EQ(gespeichert()->backgroundColorRechnungen(), Decimal(3));
+    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(165, 165, 165));
+    EXPECT_TRUE(screen.swatch(1)->isChecked());
+    EXPECT_FALSE(screen.swatch(3)->isChecked());
+
+    const QList<int> erwartet{3, 2, 43, 53, 23, 33, 13, 63};
+    for (int i = 1; i <= 8; ++i) {
+        QTest::mouseClick(screen.swatch(i), Qt::LeftButton);
+        EXPECT_EQ(gespeichert()->backgroundColorRechnungen(), Decimal(erwartet[i - 1])) << i;
+    }
+    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(170, 10, 150));
+}
+
+TEST_F(EinstellungenTest, KontrollkaestchenSchreibenDieEinstellungen)
+{
+    ASSERT_TRUE(screen.dokumenteInA4Checkbox()->isChecked());
+    QTest::mouseClick(screen.dokumenteInA4Checkbox(), Qt::LeftButton);
+    EXPECT_TRUE(gespeichert()->pdfDocumentSizeIsLetter());
+    QTest::mouseClick(screen.dokumenteInA4Checkbox(), Qt::LeftButton);
+    EXPECT_FALSE(gespeichert()->pdfDocumentSizeIsLetter());
+
+    QTest::mouseClick(screen.mitteilungenCheckbox(), Qt::LeftButton);
+    EXPECT_TRUE(gespeichert()->deaktiviereFaelligeRechnungsMitteilungen());
+    EXPECT_TRUE(sync->aufrufe.isEmpty());
+}
+
+TEST_F(EinstellungenTest, SyncAusTrenntVorDemSyncSchritt)
+{
+    QTest::mouseClick(screen.syncCheckbox(), Qt::LeftButton);
+    EXPECT_TRUE(gespeichert()->verwendeiCloudSync());
+    EXPECT_EQ(sync->aufrufe, QStringList{u"synchronisiere"_s});
+
+    sync->aufrufe.clear();
+    QTest::mouseClick(screen.syncCheckbox(), Qt::LeftButton);
+    EXPECT_FALSE(gespeichert()->verwendeiCloudSync());
+    EXPECT_EQ(sync->aufrufe, (QStringList{u"trenneSyncMitAbschluss"_s, u"synchronisiere"_s}));
+}
+
+TEST_F(EinstellungenTest, ImportKnopfStartetDenImportUndZeigtDenFortschritt)
+{
+    // The user cancels the confirmation: nothing else happens and the screen is idle again.
+    presenter.antworten = {kZweiterKnopf};
+    QTest::mouseClick(screen.importButton(), Qt::LeftButton);
+    ASSERT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_REALLY_IMPORT_DATABASE"_s});
+    EXPECT_EQ(screen.datenbankImport().zustand(), FKRDatenbankImport::Zustand::Bereit);
+    EXPECT_FALSE(screen.spinnerView()->isVisible());
+    EXPECT_TRUE(screen.importButton()->isEnabled());
+
+    // While it runs, the progress shows and the button cannot start a second import.
+    bool sichtbarWaehrendDesImports = false;
+    QObject::connect(&screen.datenbankImport(), &FKRDatenbankImport::fortschrittSichtbar, &screen, [&](bool an) {
+        if (an)
+            sichtbarWaehrendDesImports = screen.spinnerView()->isVisible() && !screen.importButton()->isEnabled();
+    });
+    presenter.antworten = {kErsterKnopf};
+    presenter.panelAntworten = {QStringList()};
+    QTest::mouseClick(screen.importButton(), Qt::LeftButton);
+    EXPECT_TRUE(apptest::warteBis([&] { return screen.datenbankImport().zustand() == FKRDatenbankImport::Zustand::Bereit; }));
+    EXPECT_TRUE(sichtbarWaehrendDesImports);
+    EXPECT_FALSE(screen.spinnerView()->isVisible());
+}
+
+} // namespace
