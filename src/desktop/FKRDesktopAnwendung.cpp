@@ -82,5 +82,7 @@ void FKRDesktopAnwendung::starte(const QStringList &urls)
     // The window is up before the start-up runs, so the user sees the program at once.
     QTimer::singleShot(0, this, [this] {
         m_delegate->applicationDidFinishLaunching();
+        if (m_delegate->laufendeDatensicherung())
+            m_fenster->zeigeDatensicherungLaeuft();
     });
 }

@@ -49,7 +49,7 @@ FKRAppWindowController::FKRAppWindowController(FKRAppDelegate &delegate, QWidget
     m_splitView->setStretchFactor(FKRSplitView::kMenu, 0);
     m_splitView->setStretchFactor(FKRSplitView::kListe, 2);
     m_splitView->setStretchFactor(FKRSplitView::kAnsicht, 3);
-    m_splitView->setSizes({170, 430, 680});
+    m_splitView->setSizes({menu->minimumWidth(), 430, 680});
     setCentralWidget(m_splitView);
 
     connect(menu, &FKRMenuViewController::einstellungenGewaehlt, this, [this] { zeigeEinstellungen(); });
@@ -57,7 +57,6 @@ FKRAppWindowController::FKRAppWindowController(FKRAppDelegate &delegate, QWidget
     connect(ansicht, &FKRRechnungsAnsichtViewController::hilfeGewaehlt, this, &FKRAppWindowController::zeigeHilfeView);
     baueMenue();
 
-    statusBar()->showMessage(text("STATUS_DATENSICHERUNG_LAEUFT"));
     connect(&m_delegate, &FKRAppDelegate::datensicherungBeendet, this, [this](const QString &archiv) {
         if (archiv.isEmpty())
             statusBar()->clearMessage();
@@ -67,6 +66,11 @@ FKRAppWindowController::FKRAppWindowController(FKRAppDelegate &delegate, QWidget
 }
 
 FKRAppWindowController::~FKRAppWindowController() = default;
+
+void FKRAppWindowController::zeigeDatensicherungLaeuft()
+{
+    statusBar()->showMessage(text("STATUS_DATENSICHERUNG_LAEUFT"));
+}
 
 FKRMenuViewController *FKRAppWindowController::menuViewController() const
 {
@@ -95,7 +99,10 @@ void FKRAppWindowController::baueMenue()
                       &FKRAppWindowController::sichereRechnungAlsPDF);
     ablage->addAction(text("MENU_DRUCKEN"), QKeySequence::Print, this, &FKRAppWindowController::druckeRechnung);
     ablage->addSeparator();
-    ablage->addAction(text("MENU_DATENSICHERUNG_JETZT"), &m_delegate, &FKRAppDelegate::erstelleDatensicherung);
+    ablage->addAction(text("MENU_DATENSICHERUNG_JETZT"), this, [this] {
+        zeigeDatensicherungLaeuft();
+        m_delegate.erstelleDatensicherung();
+    });
     ablage->addAction(text("MENU_EINSTELLUNGEN"), QKeySequence::Preferences, this, [this] { zeigeEinstellungen(); });
     ablage->addSeparator();
     QAction *beenden = ablage->addAction(text("MENU_BEENDEN"), QKeySequence::Quit, this, &QWidget::close);

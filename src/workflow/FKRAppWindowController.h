@@ -38,6 +38,8 @@ public:
     void druckeRechnung();
     void zeigeHilfeView();
     void zeigeTutorial();
+    // The status line while a backup is being written; its end reports the archive.
+    void zeigeDatensicherungLaeuft();
     // The settings screen, one window that is raised when already open.
     QBMEinstellungenViewController *zeigeEinstellungen();
 

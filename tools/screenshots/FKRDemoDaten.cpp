@@ -23,7 +23,7 @@ Decimal dec(const char *text)
 
 QByteArray logo()
 {
-    QImage bild(600, 200, QImage::Format_ARGB32);
+    QImage bild(900, 200, QImage::Format_ARGB32);
     bild.fill(Qt::transparent);
     QPainter p(&bild);
     p.setRenderHint(QPainter::Antialiasing);
@@ -37,7 +37,7 @@ QByteArray logo()
     p.setPen(QColor(60, 60, 60));
     f.setPointSize(40);
     p.setFont(f);
-    p.drawText(QRectF(190, 40, 410, 120), Qt::AlignVCenter | Qt::AlignLeft, u"Lindqvist\nDesign"_s);
+    p.drawText(QRectF(190, 40, 700, 120), Qt::AlignVCenter | Qt::AlignLeft, u"Lindqvist Design"_s);
     p.end();
     QByteArray bytes;
     QBuffer puffer(&bytes);
