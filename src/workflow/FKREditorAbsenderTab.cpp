@@ -1,21 +1,15 @@
 #include "FKREditorAbsenderTab.h"
 
 #include "FKRAbsender.h"
-#include "FKRArrayController.h"
-#include "FKRFeldBindung.h"
 #include "FKRGeschaeftspapierImageView.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRLogoImageView.h"
-#include "FKRRechnung.h"
 #include "FKRRechnungsDetailsViewController.h"
-#include "FKRTabellenAuswahl.h"
 #include "FKRUnterschriftImageView.h"
-#include "ManagedObjectContext.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -30,33 +24,17 @@ QString hauptTabellenText(const char *schluessel)
     return FKRLocalizationHelper::hauptTabellenText(QString::fromUtf8(schluessel));
 }
 
-FKRArrayController::Spalte textSpalte(const QString &titel, const QString &schluessel)
-{
-    return {titel,
-            [schluessel](const ManagedObject &o, int role) -> QVariant {
-                return role == Qt::DisplayRole ? o.value(schluessel) : QVariant();
-            },
-            {}};
-}
-
 } // namespace
 
 FKREditorAbsenderTab::FKREditorAbsenderTab(FKRRechnungsDetailsViewController &editor)
-    : m_editor(editor)
+    : FKREditorBeteiligteTab(editor, editor.absenderArrayController(), QStringLiteral("absender"),
+                             QT_TRANSLATE_NOOP("Velmora", "Neuer Absender"))
 {
-    absenderTableView = new QTableView(this);
-    absenderTableView->setObjectName(QStringLiteral("absenderTableView"));
-    absenderTableView->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_auswahl = new FKRTabellenAuswahl(*absenderTableView, editor.absenderArrayController());
-    m_auswahl->setSpalten({textSpalte(hauptTabellenText("EDITOR_SPALTE_FIRMA"), QStringLiteral("firma")),
-                           textSpalte(hauptTabellenText("EDITOR_SPALTE_NAME"), QStringLiteral("name")),
-                           textSpalte(hauptTabellenText("EDITOR_SPALTE_ORT"), QStringLiteral("ort"))});
-    absenderTableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    absenderTableView = erstelleTabelle("absenderTableView");
     absenderTableView->setMaximumHeight(150);
-    neuerAbsenderButton = new QPushButton(hauptTabellenText("BUTTON_TITLE_NEUER_ABSENDER"), this);
-    neuerAbsenderButton->setObjectName(QStringLiteral("neuerAbsenderButton"));
-    absenderLoeschenButton = new QPushButton(hauptTabellenText("BUTTON_TITLE_ABSENDER_LOESCHEN"), this);
-    absenderLoeschenButton->setObjectName(QStringLiteral("absenderLoeschenButton"));
+    neuerAbsenderButton = erstelleNeuKnopf("neuerAbsenderButton", hauptTabellenText("BUTTON_TITLE_NEUER_ABSENDER"));
+    absenderLoeschenButton =
+        erstelleLoeschenKnopf("absenderLoeschenButton", hauptTabellenText("BUTTON_TITLE_ABSENDER_LOESCHEN"));
 
     // The text fields: outlet, its name, label key, and the sender's attribute it edits.
     struct TextFeld {
@@ -98,9 +76,6 @@ FKREditorAbsenderTab::FKREditorAbsenderTab(FKRRechnungsDetailsViewController &ed
     auto *bank = new QFormLayout;
     for (const TextFeld &feld : bankFelder)
         this->*feld.outlet = textFeld(bank, feld.name, hauptTabellenText(feld.titel), feld.schluessel);
-    // Company, name and town are columns of the list too.
-    for (FKRFeldBindung *bindung : std::as_const(m_bindungen))
-        connect(bindung, &FKRFeldBindung::geaendert, absenderTableView->viewport(), qOverload<>(&QWidget::update));
 
     absenderLogoImageView = new FKRLogoImageView(editor.delegate(), this);
     absenderUnterschriftImageView = new FKRUnterschriftImageView(editor.delegate(), this);
@@ -129,22 +104,9 @@ FKREditorAbsenderTab::FKREditorAbsenderTab(FKRRechnungsDetailsViewController &ed
     layout->addLayout(details);
     layout->addLayout(bilder, 1);
 
-    connect(m_auswahl, &FKRTabellenAuswahl::auswahlGeaendert, this, &FKREditorAbsenderTab::absenderSelected);
-    connect(neuerAbsenderButton, &QPushButton::clicked, this, &FKREditorAbsenderTab::neuerAbsenderButtonPressed);
-    connect(absenderLoeschenButton, &QPushButton::clicked, this, &FKREditorAbsenderTab::absenderLoeschenButtonPressed);
     connect(geschaeftspapierDruckenCheckbox, &QCheckBox::clicked, this,
             &FKREditorAbsenderTab::absenderGeschaeftspapierDruckenChanged);
     bindeFelder();
-}
-
-QLineEdit *FKREditorAbsenderTab::textFeld(QFormLayout *formular, const char *name, const QString &titel,
-                                          const char *schluessel)
-{
-    auto *feld = new QLineEdit(this);
-    feld->setObjectName(QString::fromLatin1(name));
-    formular->addRow(titel, feld);
-    m_bindungen.append(new FKRFeldBindung(feld, QString::fromLatin1(schluessel)));
-    return feld;
 }
 
 QVBoxLayout *FKREditorAbsenderTab::bildBereich(FKRImageView *bildFeld, const char *name, const QString &titel)
@@ -158,7 +120,7 @@ QVBoxLayout *FKREditorAbsenderTab::bildBereich(FKRImageView *bildFeld, const cha
     connect(waehlen, &QPushButton::clicked, bildFeld, &FKRImageView::waehleBildDatei);
     connect(loeschen, &QPushButton::clicked, this, [this, bildFeld] { bildLoeschenButtonPressed(bildFeld); });
     connect(bildFeld, &FKRImageView::loeschenAngefordert, this, [this, bildFeld] { bildLoeschenButtonPressed(bildFeld); });
-    connect(bildFeld, &FKRImageView::bildGespeichert, this, &FKREditorAbsenderTab::aktualisiere);
+    connect(bildFeld, &FKRImageView::bildGespeichert, this, &FKREditorBeteiligteTab::aktualisiere);
 
     auto *knoepfe = new QHBoxLayout;
     knoepfe->addWidget(waehlen);
@@ -172,83 +134,21 @@ QVBoxLayout *FKREditorAbsenderTab::bildBereich(FKRImageView *bildFeld, const cha
     return bereich;
 }
 
-FKRAbsender *FKREditorAbsenderTab::erstelleAbsender()
-{
-    auto *neu = m_editor.absenderArrayController().newObjectOf<FKRAbsender>();
-    neu->setName(hauptTabellenText("Neuer Absender"));
-    return neu;
-}
-
-void FKREditorAbsenderTab::aktualisiere()
-{
-    FKRRechnung *rechnung = m_editor.rechnung();
-    if (rechnung) {
-        FKRAbsender *absender = rechnung->absender();
-        if (!absender) {
-            const QList<FKRAbsender *> alle = m_editor.absenderArrayController().arranged<FKRAbsender>();
-            absender = alle.isEmpty() ? erstelleAbsender() : alle.first();
-            rechnung->setAbsender(absender);
-            m_editor.sichern();
-        }
-        m_auswahl->waehleAus({absender});
-    }
-    neuerAbsenderButton->setEnabled(rechnung != nullptr);
-    bindeFelder();
-}
-
 void FKREditorAbsenderTab::bindeFelder()
 {
-    auto *absender = static_cast<FKRAbsender *>(m_auswahl->erstesObjekt());
-    for (FKRFeldBindung *bindung : std::as_const(m_bindungen))
-        bindung->setObjekt(absender);
+    FKREditorBeteiligteTab::bindeFelder();
+    auto *absender = static_cast<FKRAbsender *>(gewaehlterBeteiligter());
     for (FKRImageView *bildFeld : std::as_const(m_bildFelder)) {
         bildFeld->setAbsender(absender);
         bildFeld->zeigeGespeichertesBild();
     }
     geschaeftspapierDruckenCheckbox->setEnabled(absender != nullptr);
     geschaeftspapierDruckenCheckbox->setChecked(absender && absender->geschaeftspapierDrucken() == true);
-    absenderLoeschenButton->setEnabled(absender != nullptr);
-}
-
-void FKREditorAbsenderTab::absenderSelected()
-{
-    FKRRechnung *rechnung = m_editor.rechnung();
-    auto *absender = static_cast<FKRAbsender *>(m_auswahl->erstesObjekt());
-    if (rechnung && absender && rechnung->absender() != absender) {
-        rechnung->setAbsender(absender);
-        // Saved once the table has finished handling the click: a save rebuilds its rows.
-        QMetaObject::invokeMethod(this, [this] { m_editor.sichern(); }, Qt::QueuedConnection);
-    }
-    bindeFelder();
-}
-
-void FKREditorAbsenderTab::neuerAbsenderButtonPressed()
-{
-    FKRRechnung *rechnung = m_editor.rechnung();
-    if (!rechnung)
-        return;
-    FKRAbsender *neu = erstelleAbsender();
-    rechnung->setAbsender(neu);
-    m_editor.sichern();
-    m_auswahl->waehleAus({neu});
-    aktualisiere();
-    absenderTabFirmaTextField->setFocus();
-}
-
-void FKREditorAbsenderTab::absenderLoeschenButtonPressed()
-{
-    const QList<ManagedObject *> ausgewaehlt = m_auswahl->ausgewaehlteObjekte();
-    if (ausgewaehlt.isEmpty() || !m_editor.bestaetigeLoeschen())
-        return;
-    for (ManagedObject *absender : ausgewaehlt)
-        m_editor.absenderArrayController().managedObjectContext().deleteObject(absender);
-    m_editor.sichern();
-    aktualisiere();
 }
 
 void FKREditorAbsenderTab::bildLoeschenButtonPressed(FKRImageView *bildFeld)
 {
-    auto *absender = static_cast<FKRAbsender *>(m_auswahl->erstesObjekt());
+    auto *absender = static_cast<FKRAbsender *>(gewaehlterBeteiligter());
     if (!absender || !bildFeld->zeigtBild() || !m_editor.bestaetigeLoeschen())
         return;
     bildFeld->loescheBild(*absender);
@@ -258,7 +158,7 @@ void FKREditorAbsenderTab::bildLoeschenButtonPressed(FKRImageView *bildFeld)
 
 void FKREditorAbsenderTab::absenderGeschaeftspapierDruckenChanged()
 {
-    auto *absender = static_cast<FKRAbsender *>(m_auswahl->erstesObjekt());
+    auto *absender = static_cast<FKRAbsender *>(gewaehlterBeteiligter());
     if (!absender)
         return;
     absender->setGeschaeftspapierDrucken(geschaeftspapierDruckenCheckbox->isChecked());

@@ -1,15 +1,12 @@
 #pragma once
 
-#include <QList>
-#include <QWidget>
+#include "FKREditorBeteiligteTab.h"
 
-class FKRAbsender;
-class FKRFeldBindung;
+#include <QList>
+
 class FKRGeschaeftspapierImageView;
 class FKRImageView;
 class FKRLogoImageView;
-class FKRRechnungsDetailsViewController;
-class FKRTabellenAuswahl;
 class FKRUnterschriftImageView;
 class QCheckBox;
 class QFormLayout;
@@ -21,24 +18,20 @@ class QVBoxLayout;
 // The editor's sender tab: all senders by company and name, the document's sender chosen among
 // them, its address, contact, tax and bank details edited in place, and its three images
 // (logo, signature, letterhead) with the choice whether the letterhead is printed.
-class FKREditorAbsenderTab : public QWidget
+class FKREditorAbsenderTab : public FKREditorBeteiligteTab
 {
     Q_OBJECT
 
 public:
     explicit FKREditorAbsenderTab(FKRRechnungsDetailsViewController &editor);
 
-    // Selects the document's sender (a document without one gets the first of the list, or a
-    // new one when there is none) and shows its details and images.
-    void aktualisiere();
-    void absenderSelected();
-    void neuerAbsenderButtonPressed();
-    void absenderLoeschenButtonPressed();
+    void absenderSelected() { beteiligterGewaehlt(); }
+    void neuerAbsenderButtonPressed() { neuKnopfGedrueckt(); }
+    void absenderLoeschenButtonPressed() { loeschenKnopfGedrueckt(); }
     // The delete buttons of the slots and the Delete key on a slot: after the confirmation the
     // slot's image (bytes and path) is removed from the sender.
     void bildLoeschenButtonPressed(FKRImageView *bildFeld);
     void absenderGeschaeftspapierDruckenChanged();
-    FKRTabellenAuswahl &auswahl() const { return *m_auswahl; }
 
     // Outlets.
     QTableView *absenderTableView = nullptr;
@@ -63,14 +56,12 @@ public:
     FKRGeschaeftspapierImageView *geschaeftspapierImageView = nullptr;
     QCheckBox *geschaeftspapierDruckenCheckbox = nullptr;
 
-private:
-    QLineEdit *textFeld(QFormLayout *formular, const char *name, const QString &titel, const char *schluessel);
-    QVBoxLayout *bildBereich(FKRImageView *bildFeld, const char *name, const QString &titel);
-    FKRAbsender *erstelleAbsender();
-    void bindeFelder();
+protected:
+    // The images and the letterhead choice of the chosen sender besides its text fields.
+    void bindeFelder() override;
 
-    FKRRechnungsDetailsViewController &m_editor;
-    FKRTabellenAuswahl *m_auswahl = nullptr;
-    QList<FKRFeldBindung *> m_bindungen;
+private:
+    QVBoxLayout *bildBereich(FKRImageView *bildFeld, const char *name, const QString &titel);
+
     QList<FKRImageView *> m_bildFelder;
 };

@@ -1,33 +1,25 @@
 #pragma once
 
-#include <QList>
-#include <QWidget>
+#include "FKREditorBeteiligteTab.h"
 
 class FKREmpfaenger;
-class FKRFeldBindung;
-class FKRRechnungsDetailsViewController;
-class FKRTabellenAuswahl;
 class QLineEdit;
 class QPushButton;
 class QTableView;
 
 // The editor's recipient tab: all recipients by company and name, the document's recipient
 // chosen among them, and the address of the chosen one, edited in place.
-class FKREditorEmpfaengerTab : public QWidget
+class FKREditorEmpfaengerTab : public FKREditorBeteiligteTab
 {
     Q_OBJECT
 
 public:
     explicit FKREditorEmpfaengerTab(FKRRechnungsDetailsViewController &editor);
 
-    // Selects the document's recipient; a document without one gets the first of the list, or
-    // a new one when there is none.
-    void aktualisiere();
-    void empfaengerSelected();
-    void neuerEmpfaengerButtonPressed();
-    void empfaengerLoeschenButtonPressed();
+    void empfaengerSelected() { beteiligterGewaehlt(); }
+    void neuerEmpfaengerButtonPressed() { neuKnopfGedrueckt(); }
+    void empfaengerLoeschenButtonPressed() { loeschenKnopfGedrueckt(); }
     void waehleAus(FKREmpfaenger *empfaenger);
-    FKRTabellenAuswahl &auswahl() const { return *m_auswahl; }
 
     // Outlets.
     QTableView *empfaengerTableView = nullptr;
@@ -39,12 +31,4 @@ public:
     QLineEdit *empfaengerTabLandTextField = nullptr;
     QPushButton *neuerEmpfaengerButton = nullptr;
     QPushButton *empfaengerLoeschenButton = nullptr;
-
-private:
-    FKREmpfaenger *erstelleEmpfaenger();
-    void bindeFelder();
-
-    FKRRechnungsDetailsViewController &m_editor;
-    FKRTabellenAuswahl *m_auswahl = nullptr;
-    QList<FKRFeldBindung *> m_bindungen;
 };

@@ -4,7 +4,7 @@
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
 #include "FKRArrayController.h"
-#include "FKRListenHilfeBox.h"
+#include "FKRHilfeBox.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRObjektAuswahl.h"
 #include "FKRRechnung.h"
@@ -124,8 +124,11 @@ void FKRRechnungenListeViewController::baueOberflaeche()
     loeschenLayout->addWidget(loeschenKnopf);
     layout->addWidget(m_loeschenButtonBox);
 
-    m_hilfeBox = new FKRListenHilfeBox(this);
-    m_hilfeBox->hide();
+    auto *hilfeBox = new FKRHilfeBox(QT_TRANSLATE_NOOP("Velmora", "HILFE_TEXT_RECHNUNGSLISTE"), FKRHilfeBox::KlickSchliesst,
+                                     this);
+    hilfeBox->hide();
+    connect(hilfeBox, &FKRHilfeBox::schliessenGewaehlt, hilfeBox, &QWidget::hide);
+    m_hilfeBox = hilfeBox;
 
     m_zeilenAktionen = new FKRZeilenAktionen(m_tableView);
     m_auswahl = new FKRObjektAuswahl(m_tableView, m_arrayController, FKRRechnungsZeilenDelegate::ObjektRolle);

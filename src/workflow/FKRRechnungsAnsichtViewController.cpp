@@ -4,7 +4,7 @@
 #include "FKRAnsichtAktionsLeiste.h"
 #include "FKRAnsichtDateiNamen.h"
 #include "FKRAnsichtDruckauftrag.h"
-#include "FKRAnsichtHilfeBox.h"
+#include "FKRHilfeBox.h"
 #include "FKRAnsichtPDFAnzeige.h"
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
@@ -79,7 +79,8 @@ void FKRRechnungsAnsichtViewController::baueOberflaeche()
     layout->addWidget(m_aktionsLeiste);
     layout->addWidget(m_pdfView, 1);
 
-    m_hilfeBox = new FKRAnsichtHilfeBox(this);
+    m_hilfeBox = new FKRHilfeBox(QT_TRANSLATE_NOOP("Velmora", "HILFE_TEXT_RECHNUNGSANSICHT"), FKRHilfeBox::WebseiteLink,
+                                  this);
     m_hilfeBox->hide();
 
     using Ansicht = FKRRechnungsAnsichtViewController;
@@ -90,8 +91,8 @@ void FKRRechnungsAnsichtViewController::baueOberflaeche()
     connect(sichernButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::sichereRechnungAlsPDF);
     connect(druckenButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::druckeRechnung);
     connect(rechnungBezahltDatePicker(), &QDateTimeEdit::dateTimeChanged, this, &Ansicht::bezahltDatumBearbeitet);
-    connect(m_hilfeBox, &FKRAnsichtHilfeBox::schliessenGewaehlt, this, &Ansicht::verbergeHilfeView);
-    connect(m_hilfeBox, &FKRAnsichtHilfeBox::webseiteGewaehlt, this, &Ansicht::zeigeWebseite);
+    connect(m_hilfeBox, &FKRHilfeBox::schliessenGewaehlt, this, &Ansicht::verbergeHilfeView);
+    connect(m_hilfeBox, &FKRHilfeBox::webseiteGewaehlt, this, &Ansicht::zeigeWebseite);
 }
 
 ManagedObjectContext *FKRRechnungsAnsichtViewController::managedObjectContext()

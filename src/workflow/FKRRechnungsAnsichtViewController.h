@@ -9,7 +9,7 @@
 #include <functional>
 
 class FKRAnsichtAktionsBox;
-class FKRAnsichtHilfeBox;
+class FKRHilfeBox;
 class FKRAnsichtPDFAnzeige;
 class FKRAppDelegate;
 class ManagedObjectContext;
@@ -76,7 +76,7 @@ public:
     FKRAnsichtAktionsBox *rechnungVersendetButtonBox() const { return m_aktionsLeiste->rechnungVersendetButtonBox(); }
     FKRAnsichtAktionsBox *rechnungBezahltButtonBox() const { return m_aktionsLeiste->rechnungBezahltButtonBox(); }
     QDateTimeEdit *rechnungBezahltDatePicker() const { return m_aktionsLeiste->rechnungBezahltDatePicker(); }
-    FKRAnsichtHilfeBox *hilfeBox() const { return m_hilfeBox; }
+    FKRHilfeBox *hilfeBox() const { return m_hilfeBox; }
 
     // How a print job is confirmed: the system print dialog by default; tests set the printer
     // up themselves. Returns whether to print.
@@ -122,7 +122,7 @@ private:
     bool m_darstellungGeplant = false;
 
     FKRAnsichtAktionsLeiste *m_aktionsLeiste = nullptr;
-    FKRAnsichtHilfeBox *m_hilfeBox = nullptr;
+    FKRHilfeBox *m_hilfeBox = nullptr;
 
     std::function<bool(QPrinter &)> m_druckDialog;
 };

@@ -5,7 +5,7 @@
 #include "WorkflowTestSupport.h"
 
 #include "FKRAnsichtAktionsBox.h"
-#include "FKRAnsichtHilfeBox.h"
+#include "FKRHilfeBox.h"
 #include "FKRAbsender.h"
 #include "FKREmpfaenger.h"
 #include "FKRPosten.h"
