@@ -65,30 +65,26 @@ QList<FKRRechnung *> FKRAbsender::rechnungen() const
 
 bool FKRAbsender::speichereLogoBildAusDatei(const QUrl &datei)
 {
-    const auto inhalt = dateiInhalt(datei);
-    if (!inhalt)
-        return false;
-    setLogoImageBinary(inhalt);
-    sichereKontext(managedObjectContext());
-    return true;
+    return speichereBildAusDatei(datei, &FKRAbsender::setLogoImageBinary);
 }
 
 bool FKRAbsender::speichereUnterschriftBildAusDatei(const QUrl &datei)
 {
-    const auto inhalt = dateiInhalt(datei);
-    if (!inhalt)
-        return false;
-    setUnterschriftImageBinary(inhalt);
-    sichereKontext(managedObjectContext());
-    return true;
+    return speichereBildAusDatei(datei, &FKRAbsender::setUnterschriftImageBinary);
 }
 
 bool FKRAbsender::speichereGeschaeftspapierBildAusDatei(const QUrl &datei)
 {
+    return speichereBildAusDatei(datei, &FKRAbsender::setGeschaeftspapierImageBinary);
+}
+
+bool FKRAbsender::speichereBildAusDatei(const QUrl &datei,
+                                        void (FKRAbsender::*setzeBytes)(const std::optional<QByteArray> &))
+{
     const auto inhalt = dateiInhalt(datei);
     if (!inhalt)
         return false;
-    setGeschaeftspapierImageBinary(inhalt);
+    (this->*setzeBytes)(inhalt);
     sichereKontext(managedObjectContext());
     return true;
 }

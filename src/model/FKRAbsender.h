@@ -113,4 +113,8 @@ Q_SIGNALS:
 protected:
     using ManagedObject::ManagedObject;
     friend class ManagedObjectModel;
+
+private:
+    // Reads the whole file into the image attribute that `setzeBytes` writes and saves.
+    bool speichereBildAusDatei(const QUrl &datei, void (FKRAbsender::*setzeBytes)(const std::optional<QByteArray> &));
 };
