@@ -1,5 +1,7 @@
 #include "Command.h"
 
+#include "Meldungstext.h"
+
 #include <ostream>
 
 void Command::printHelp(std::ostream &out) const
@@ -25,5 +27,6 @@ bool Command::printHelpIfAsked(const QStringList &arguments, std::ostream &out) 
 
 void printError(std::ostream &err, const std::string &message)
 {
-    err << kProgramName << ": " << message << '\n';
+    // One line whatever the message carries from the input (file names, keys, values).
+    err << kProgramName << ": " << Meldungstext::einzeilig(Meldungstext::kuerze(message, kLaengsteMeldung)) << '\n';
 }

@@ -49,7 +49,9 @@ protected:
     bool printHelpIfAsked(const QStringList &arguments, std::ostream &out) const;
 };
 
-// The prefix of every message line: "velmora-cli: ".
+// One message line, prefixed "velmora-cli: ", with control characters escaped and cut after
+// kLaengsteMeldung bytes.
 void printError(std::ostream &err, const std::string &message);
+inline constexpr std::size_t kLaengsteMeldung = 1000;
 
 inline constexpr std::string_view kProgramName = "velmora-cli";

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Meldungstext.h"
+
 #include <stdexcept>
 #include <string>
 
@@ -16,13 +18,16 @@ public:
 
     const std::string &schluessel() const { return m_schluessel; }
 
-    // "\"posten[0].anzahl\": not a decimal number: \"abc\"", or the bare message without a key.
+    // "\"posten[0].anzahl\": not a decimal number: \"abc\"", or the bare message without a key;
+    // a key of any length or content is shown short and on the one line.
     std::string zeile() const
     {
         if (m_schluessel.empty())
             return what();
-        return '"' + m_schluessel + "\": " + what();
+        return '"' + Meldungstext::einzeilig(Meldungstext::kuerze(m_schluessel, kSchluesselLaenge)) + "\": " + what();
     }
+
+    static constexpr std::size_t kSchluesselLaenge = 200;
 
 private:
     std::string m_schluessel;

@@ -5,6 +5,7 @@
 #include "FKREmpfaenger.h"
 #include "FKRRechnung.h"
 #include "JsonDokumentLeser.h"
+#include "JsonEingabe.h"
 #include "ManagedObjectContext.h"
 
 #include <QBuffer>
@@ -80,8 +81,8 @@ FKREmpfaenger *JsonBeteiligteLeser::leseEmpfaenger(const json &objekt, const std
 QByteArray JsonBeteiligteLeser::leseBildDatei(const json &wert, const std::string &pfad) const
 {
     if (!wert.is_string() || wert.get_ref<const std::string &>().empty())
-        throw EingabeFehler(pfad, std::string("expected the name of an image file, got ") + wert.type_name() + ' '
-                                      + wert.dump(-1, ' ', false, json::error_handler_t::replace));
+        throw EingabeFehler(pfad, "expected the name of an image file, got " + JsonEingabe::artName(wert) + ' '
+                                      + JsonEingabe::zeige(wert));
     const QString name = m_bildOrdner.filePath(QString::fromStdString(wert.get<std::string>()));
     const std::string zitat = '"' + name.toStdString() + '"';
     if (QFileInfo(name).isDir())

@@ -1,6 +1,7 @@
 #include "JsonDokumentLeser.h"
 
 #include "EingabeFehler.h"
+#include "JsonEingabe.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
 #include "ManagedObjectContext.h"
@@ -9,7 +10,6 @@
 #include <QDateTime>
 #include <QVariant>
 
-#include <charconv>
 #include <cstdint>
 #include <limits>
 
@@ -17,19 +17,14 @@ using nlohmann::json;
 
 namespace {
 
-// The value as the user wrote it, shortened so that the message stays one readable line.
 std::string zeige(const json &wert)
 {
-    std::string text = wert.dump(-1, ' ', false, json::error_handler_t::replace);
-    constexpr std::size_t kHoechstens = 60;
-    if (text.size() > kHoechstens)
-        text = text.substr(0, kHoechstens) + "...";
-    return text;
+    return JsonEingabe::zeige(wert);
 }
 
 std::string erwartet(const char *was, const json &wert)
 {
-    return std::string("expected ") + was + ", got " + wert.type_name() + ' ' + zeige(wert);
+    return std::string("expected ") + was + ", got " + JsonEingabe::artName(wert) + ' ' + zeige(wert);
 }
 
 // Digits, at most one point, an optional exponent: text that Decimal::parse rejects although it
@@ -83,7 +78,7 @@ qint64 leseGanzzahl(const json &wert, const std::string &pfad)
             return qint64(n);
         throw EingabeFehler(pfad, "integer out of range: " + zeige(wert));
     }
-    if (wert.is_number_float()) {
+    if (JsonEingabe::zahlText(wert)) {
         // 14.0 is the integer 14; 14.5 is not an integer.
         const Decimal zahl = JsonDokumentLeser::leseDezimal(wert, pfad);
         const qint64 n = zahl.toInt64();
@@ -145,15 +140,7 @@ QVariant leseWert(AttributeKind art, const json &wert, const std::string &pfad)
 
 json JsonDokumentLeser::parse(std::string_view text)
 {
-    try {
-        return json::parse(text);
-    } catch (const json::parse_error &fehler) {
-        // nlohmann's text starts with "[json.exception.parse_error.101] "; the rest is the news.
-        std::string meldung = fehler.what();
-        if (const auto ende = meldung.find("] "); ende != std::string::npos)
-            meldung.erase(0, ende + 2);
-        throw EingabeFehler({}, "input is not JSON: " + meldung);
-    }
+    return JsonEingabe::lies(text);
 }
 
 std::string JsonDokumentLeser::pfadZu(const std::string &pfad, std::string_view schluessel)
@@ -170,18 +157,15 @@ Decimal JsonDokumentLeser::leseDezimal(const json &wert, const std::string &pfad
         return Decimal(wert.get<std::int64_t>());
     case json::value_t::number_unsigned:
         return dezimalAusText(std::to_string(wert.get<std::uint64_t>()), wert, pfad);
-    case json::value_t::number_float: {
-        // The parser has made a double of the number; its shortest round-trip text is the
-        // number as the user most likely wrote it (10.005, not 10.0049999999999990052).
-        char text[64];
-        const auto [ende, fehler] = std::to_chars(std::begin(text), std::end(text), wert.get<double>());
-        if (fehler != std::errc())
-            throw EingabeFehler(pfad, "not a decimal number: " + zeige(wert));
-        return dezimalAusText(std::string_view(text, std::size_t(ende - text)), wert, pfad);
-    }
+    case json::value_t::binary:
+        // A number as the user wrote it (10.005 stays 10.005; it never was a double).
+        if (const auto text = JsonEingabe::zahlText(wert))
+            return dezimalAusText(*text, wert, pfad);
+        break;
     default:
-        throw EingabeFehler(pfad, erwartet("a decimal number as text or number", wert));
+        break;
     }
+    throw EingabeFehler(pfad, erwartet("a decimal number as text or number", wert));
 }
 
 void JsonDokumentLeser::leseAttribute(const json &objekt, ManagedObject &ziel, const std::string &pfad,

@@ -20,7 +20,7 @@ class ManagedObjectContext;
 // Members are named like the stored attributes of the entities (FKRRechnung: "sprache",
 // "waehrung", "brutto", "mwStSatz", ...; FKRPosten: "postenNummer", "anzahl", "einzelbetrag",
 // ...). Decimals are JSON strings in plain or scientific notation ("10.005", "1e-3"); JSON
-// numbers are accepted too and read through their shortest round-trip text, so 0.1 means
+// numbers are accepted too and read from the text as written (JsonEingabe), so 0.1 means
 // exactly 0.1. Integers are JSON integers, flags JSON booleans, texts JSON strings, dates
 // ISO 8601 text with a UTC offset or "Z", binary data base64 text.
 //

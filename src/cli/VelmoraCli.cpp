@@ -7,6 +7,7 @@
 #include "RestoreCommand.h"
 
 #include <algorithm>
+#include <exception>
 #include <iomanip>
 #include <ostream>
 
@@ -58,5 +59,12 @@ int VelmoraCli::run(const QStringList &arguments, CommandStreams &io)
         printUsage(io.err);
         return kExitUsage;
     }
-    return gewaehlt->execute(arguments.mid(1), io);
+    // Each command answers bad input itself; what still escapes (memory exhausted, say) ends the
+    // run with a message instead of an abort.
+    try {
+        return gewaehlt->execute(arguments.mid(1), io);
+    } catch (const std::exception &fehler) {
+        printError(io.err, std::string(gewaehlt->name()) + " failed: " + fehler.what());
+        return kExitFailure;
+    }
 }

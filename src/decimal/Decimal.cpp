@@ -123,19 +123,18 @@ Decimal::Decimal(const mpz_class &coefficient, long exponent)
     if (c == 0) {
         return;
     }
-    while (mpz_divisible_ui_p(c.get_mpz_t(), 10)) {
-        c /= 10;
-        ++e;
-    }
+    // The surplus digits go in one division before any zeros are stripped: stripping a
+    // coefficient of a million digits one zero at a time would take quadratic time. Rounding
+    // first gives the same value, since stripped zeros never change how the rest rounds.
     const std::size_t digits = mpzDigitCount(c);
     if (digits > kMaxDigits) {
         const unsigned long drop = digits - kMaxDigits;
         c = roundAway(c, drop, Rounding::HalfAwayFromZero, false);
         e += long(drop);
-        while (c != 0 && mpz_divisible_ui_p(c.get_mpz_t(), 10)) {
-            c /= 10;
-            ++e;
-        }
+    }
+    while (mpz_divisible_ui_p(c.get_mpz_t(), 10)) {
+        c /= 10;
+        ++e;
     }
     if (e < kMinExponent) {
         c = roundAway(c, static_cast<unsigned long>(kMinExponent - e), Rounding::HalfAwayFromZero, false);

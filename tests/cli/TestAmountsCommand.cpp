@@ -7,6 +7,7 @@
 #include "ManagedObjectContext.h"
 #include "CliLauf.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryFile>
@@ -30,6 +31,14 @@ ordered_json betraege(const std::string &eingabe)
     const Lauf lauf = starte({QStringLiteral("amounts")}, eingabe);
     EXPECT_EQ(lauf.status, 0) << lauf.err;
     return lauf.status == 0 ? ordered_json::parse(lauf.out) : ordered_json();
+}
+
+std::string wiederhole(std::string_view teil, int mal)
+{
+    std::string text;
+    for (int i = 0; i < mal; ++i)
+        text += teil;
+    return text;
 }
 
 const std::string kEinPosten = R"("posten": [{"anzahl": "1", "einzelbetrag": "100"}])";
@@ -99,14 +108,48 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
         {R"({"posten": [{"anzahl": "1e90", "einzelbetrag": "1e90"}]})", R"("posten[0].zwischenSumme": decimal overflow)"},
         {R"({"rabatt": )", "input is not JSON"},
         {"[]", "expected a document as a JSON object"},
+        // Hostile input: numbers beyond any double, nesting beyond any document, keys and values
+        // that would break or flood the one line.
+        {R"({"posten": [{"anzahl": 1e999}]})", R"("posten[0].anzahl": number out of range)"},
+        {R"({"unbekannt": -1e400})", R"("unbekannt": number out of range)"},
+        {R"({"rabatt": )" + wiederhole("9", 400) + "}", R"("rabatt": number out of range)"},
+        {R"({"rabatt": "1)" + wiederhole("0", 200000) + R"("})", R"("rabatt": decimal number out of range: "1000)"},
+        {wiederhole("[", 70000) + wiederhole("]", 70000), R"("[0][0][0])"},
+        {R"({"posten": )" + wiederhole("[", 40) + wiederhole("]", 40) + "}", R"("posten[0][0][0])"},
+        {wiederhole(R"({"a":)", 70000) + "1" + wiederhole("}", 70000), R"("a.a.a.a)"},
+        {"{\"ab\\ncd\": 1}", R"("ab\ncd": unknown key)"},
+        {R"({")" + wiederhole("k", 100000) + R"(": 1})", "\"kkkk"},
+        {R"({"waehrung": [1)" + wiederhole(",1", 50000) + "]}", R"("waehrung": expected a text, got array [...] (50001 values))"},
+        {R"({"waehrung": ")" + wiederhole("x", 100000), "input is not JSON"},
     };
     for (const auto &[eingabe, meldung] : faelle) {
-        const Lauf lauf = starte({QStringLiteral("amounts")}, eingabe);
-        EXPECT_EQ(lauf.status, 2) << eingabe;
-        EXPECT_EQ(lauf.out, "");
-        EXPECT_EQ(lauf.err.rfind("velmora-cli: " + meldung, 0), 0u) << lauf.err;
-        EXPECT_EQ(std::count(lauf.err.begin(), lauf.err.end(), '\n'), 1) << lauf.err;
+        for (const char *befehl : {"amounts", "render"}) {
+            const QStringList argumente = befehl == std::string("render")
+                ? QStringList{QStringLiteral("render"), QStringLiteral("-"), QDir::temp().filePath(QStringLiteral("nie.pdf"))}
+                : QStringList{QStringLiteral("amounts")};
+            const Lauf lauf = starte(argumente, eingabe);
+            if (befehl == std::string("render") && meldung.find("missing value") != std::string::npos)
+                continue; // rendering shows an absent amount as empty instead of refusing it
+            EXPECT_EQ(lauf.status, 2) << befehl << ' ' << eingabe.substr(0, 80);
+            EXPECT_EQ(lauf.out, "");
+            EXPECT_EQ(lauf.err.rfind("velmora-cli: " + meldung, 0), 0u) << lauf.err.substr(0, 300);
+            EXPECT_EQ(std::count(lauf.err.begin(), lauf.err.end(), '\n'), 1) << lauf.err.substr(0, 300);
+            EXPECT_LE(lauf.err.size(), 1100u);
+        }
     }
+    EXPECT_FALSE(QFileInfo::exists(QDir::temp().filePath(QStringLiteral("nie.pdf"))));
+}
+
+TEST(AmountsCommand, NumbersAreReadAsWrittenNeverThroughADouble)
+{
+    // Both would change on the way through a double.
+    EXPECT_EQ(betraege(R"({"brutto": false, "mwStSatz": 0, "posten": [{"anzahl": 1.00000000000000000000001, "einzelbetrag": 1}]})")
+                  ["postenSumme"], "1.00000000000000000000001");
+    EXPECT_EQ(betraege(R"({"brutto": false, "mwStSatz": 0, "posten": [{"anzahl": 123456789012345678901234567, "einzelbetrag": 1}]})")
+                  ["postenSumme"], "123456789012345678901234567");
+    EXPECT_EQ(betraege(R"({"skontoZeitraum": 14.0, "posten": []})")["postenSumme"], "0");
+    EXPECT_EQ(starte({QStringLiteral("amounts")}, R"({"skontoZeitraum": 14.5})").err,
+              "velmora-cli: \"skontoZeitraum\": expected an integer, got number 14.5\n");
 }
 
 TEST(AmountsCommand, ReaderTakesEveryStoredAttributeAndNull)

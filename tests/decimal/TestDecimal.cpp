@@ -37,6 +37,14 @@ TEST(DecimalParse, KeepsThirtyEightDigitsAndRoundsTheRest)
 {
     EXPECT_EQ(s(d("12345678901234567890123456789012345678")), "12345678901234567890123456789012345678");
     EXPECT_EQ(s(d("1.23456789012345678901234567890123456785")), "1.2345678901234567890123456789012345679");
+    // Long texts cost linear time: a megabyte of digits is rounded in one step, not stripped of
+    // its zeros one at a time.
+    const std::string eins = "0." + std::string(1000000, '0') + "1";
+    EXPECT_FALSE(Decimal::parse("1" + std::string(1000000, '0')).has_value());
+    EXPECT_FALSE(Decimal::parse(eins).has_value());
+    EXPECT_EQ(s(d(("1" + std::string(100, '0') + "e-100").c_str())), "1");
+    EXPECT_EQ(s(d(("12345678901234567890123456789012345678" + std::string(89, '0') + "5").c_str())),
+              "12345678901234567890123456789012345678" + std::string(90, '0'));
 }
 
 TEST(DecimalArithmetic, AddSubtractMultiplyAreExact)
