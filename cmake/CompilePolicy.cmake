@@ -14,6 +14,11 @@ target_compile_definitions(velmora_policy INTERFACE
     QT_USE_QSTRINGBUILDER
     POINTERHOLDER_TRANSITION=4)
 
+if(VELMORA_FUZZ)
+    # Every library is instrumented for the fuzzer's coverage; only the targets link its main.
+    set(VELMORA_SANITIZE ON)
+    target_compile_options(velmora_policy INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(VELMORA_SANITIZE)
     target_compile_options(velmora_policy INTERFACE
         -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)

@@ -1,0 +1,55 @@
+#include "FuzzUmgebung.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+
+#include <cstdlib>
+#include <memory>
+
+namespace {
+QTemporaryDir *heim = nullptr;
+} // namespace
+
+void FuzzUmgebung::richteEin(int *argc, char ***argv)
+{
+    // Kept for the life of the process; the fuzzer ends it with exit().
+    static QTemporaryDir ordner(QDir::tempPath() + QStringLiteral("/velmora-fuzz-XXXXXX"));
+    heim = &ordner;
+    const QByteArray wurzel = ordner.path().toUtf8();
+    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
+        const QByteArray pfad = wurzel + '/' + QByteArray(name).mid(4).toLower();
+        QDir().mkpath(QString::fromUtf8(pfad));
+        setenv(name, pfad.constData(), 1);
+    }
+    setenv("HOME", wurzel.constData(), 1);
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("LANG", "de_DE.UTF-8", 0);
+    static std::unique_ptr<QGuiApplication> anwendung = std::make_unique<QGuiApplication>(*argc, *argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
+    QCoreApplication::setApplicationName(QStringLiteral("Velmora-Rechnungen"));
+    QDir().mkpath(arbeitsOrdner());
+}
+
+QString FuzzUmgebung::arbeitsOrdner()
+{
+    return heim->path() + QStringLiteral("/arbeit");
+}
+
+void FuzzUmgebung::leere()
+{
+    QDir ordner(arbeitsOrdner());
+    ordner.removeRecursively();
+    QDir().mkpath(arbeitsOrdner());
+}
+
+QString FuzzUmgebung::alsDatei(const std::uint8_t *daten, std::size_t groesse, const QString &name)
+{
+    const QString pfad = arbeitsOrdner() + QLatin1Char('/') + name;
+    QFile datei(pfad);
+    if (!datei.open(QIODevice::WriteOnly) || datei.write(bytes(daten, groesse)) != qint64(groesse))
+        std::abort(); // the scratch folder must work, or no result means anything
+    return pfad;
+}
