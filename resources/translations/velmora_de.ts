@@ -784,6 +784,30 @@
         <translation>Um Posten zu übernehmen, öffne zuerst im Editor das Dokument, dem die Posten hinzugefügt werden sollen, und starte die Übertragung dann erneut.</translation>
     </message>
     <message>
+        <source>ALERT_TITLE_IMPORT_ABGELEHNT</source>
+        <translation>Posten nicht übernommen</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMPORT_STUNDEN_UNGUELTIG</source>
+        <translation>Die Zeiterfassung hat als Dauer keine Zahl von Sekunden zwischen 18 Sekunden und 1.000.000 Stunden geschickt. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMPORT_ERTRAEGE_UNGUELTIG</source>
+        <translation>Die Zeiterfassung hat als Ertrag keinen Betrag zwischen 0 und 1.000.000.000.000 geschickt. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMPORT_STEUERZEICHEN</source>
+        <translation>Ein Text der Zeiterfassung enthält ein Steuerzeichen, das dort nicht stehen darf (etwa einen Zeilenumbruch in Aufgabe, Auftrag, Auftraggeber oder Zeitraum). Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_DATENORDNER_BELEGT</source>
+        <translation>Daten werden schon verwendet</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DATENORDNER_BELEGT</source>
+        <translation>Ein anderes Velmora Rechnungen oder ein Befehl von velmora-cli arbeitet gerade mit diesem Datenordner und antwortet nicht. Beende es und starte das Programm dann erneut.</translation>
+    </message>
+    <message>
         <source>ALERT_TEXT_UPDATE_DATABASE</source>
         <translation>Die Daten in der Cloud stammen von einer neueren Version von Velmora Rechnungen. Bitte aktualisiere Velmora Rechnungen auf diesem Rechner, damit die Synchronisation fortgesetzt werden kann.</translation>
     </message>

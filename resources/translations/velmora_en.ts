@@ -784,6 +784,30 @@
         <translation>To import items, first open the document that should receive them in the editor, then start the transfer again.</translation>
     </message>
     <message>
+        <source>ALERT_TITLE_IMPORT_ABGELEHNT</source>
+        <translation>Item not imported</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMPORT_STUNDEN_UNGUELTIG</source>
+        <translation>The time tracker sent a duration that is not a number of seconds from 18 seconds to 1,000,000 hours. Nothing was changed.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMPORT_ERTRAEGE_UNGUELTIG</source>
+        <translation>The time tracker sent earnings that are not an amount from 0 to 1,000,000,000,000. Nothing was changed.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_IMPORT_STEUERZEICHEN</source>
+        <translation>A text from the time tracker contains a control character that does not belong there (such as a line break in the task, job, client or time span). Nothing was changed.</translation>
+    </message>
+    <message>
+        <source>ALERT_TITLE_DATENORDNER_BELEGT</source>
+        <translation>Data already in use</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DATENORDNER_BELEGT</source>
+        <translation>Another Velmora Rechnungen or a velmora-cli command is working with this data folder and does not answer. Quit it, then start the program again.</translation>
+    </message>
+    <message>
         <source>ALERT_TEXT_UPDATE_DATABASE</source>
         <translation>The data in the cloud comes from a newer version of Velmora Rechnungen. Please update Velmora Rechnungen on this computer so that synchronisation can continue.</translation>
     </message>

@@ -98,6 +98,24 @@ QString FKRAppDelegate::storeURL()
     return QDir(applicationDocumentsDirectory()).filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
 }
 
+FKRDatenOrdnerSperre::Ergebnis FKRAppDelegate::sperreDatenOrdner()
+{
+    const QString ordner = applicationDocumentsDirectory();
+    if (!m_sperre.gehalten() && !QFileInfo::exists(ordner))
+        QDir().mkpath(ordner);
+    return m_sperre.sperre(ordner);
+}
+
+void FKRAppDelegate::meldeDatenOrdnerBelegt()
+{
+    qWarning().noquote() << "Another program works on the data folder" << applicationDocumentsDirectory();
+    m_presenter.zeigeAlert({QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TITLE_DATENORDNER_BELEGT")),
+                            QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_DATENORDNER_BELEGT")),
+                            {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "BUTTON_TITLE_OK"))},
+                            FKRAlert::Stil::Kritisch,
+                            QDir::toNativeSeparators(applicationDocumentsDirectory())});
+}
+
 // Storage stack -------------------------------------------------------------------------------
 
 const ManagedObjectModel &FKRAppDelegate::managedObjectModel() const
@@ -120,6 +138,17 @@ PersistentStoreCoordinator *FKRAppDelegate::persistentStoreCoordinator()
                                    QStringLiteral("Expected a folder to store application data, found a file "))
                                    + QDir::toNativeSeparators(ordner) + QLatin1Char('.'),
                                QString());
+    }
+    // Two programs on one store would overwrite each other's saves.
+    switch (sperreDatenOrdner()) {
+    case FKRDatenOrdnerSperre::Ergebnis::Gehalten:
+        break;
+    case FKRDatenOrdnerSperre::Ergebnis::Belegt:
+        meldeDatenOrdnerBelegt();
+        m_prozessEnde(EXIT_FAILURE);
+        std::_Exit(EXIT_FAILURE);
+    case FKRDatenOrdnerSperre::Ergebnis::Fehler:
+        speicherFehlgeschlagen(QString(), m_sperre.fehler());
     }
 
     auto coordinator = std::make_unique<PersistentStoreCoordinator>(managedObjectModel());
@@ -294,13 +323,18 @@ void FKRAppDelegate::pruefeFaelligeRechnungen()
     mitteilungen().pruefeFaelligeRechnungen(unbezahlte);
 }
 
-void FKRAppDelegate::handleGetUrlEvent(const QString &url)
+FKRUrlErgebnis FKRAppDelegate::handleGetUrlEvent(const QString &url, const FKRUrlAntwort &antwort)
 {
     if (!m_urlImport) {
         m_urlImport = std::make_unique<FKRUrlImport>(
-            m_presenter, [this]() { return m_fenster ? m_fenster->offenerEditor() : nullptr; }, [this]() { saveAction(); });
+            m_presenter, [this]() { return m_fenster ? m_fenster->offenerEditor() : nullptr; },
+            [this]() {
+                saveAction();
+                // A failed save has been presented and keeps its changes in the context.
+                return !managedObjectContext()->hasChanges();
+            });
     }
-    m_urlImport->handleGetUrlEvent(url);
+    return m_urlImport->handleGetUrlEvent(url, antwort);
 }
 
 void FKRAppDelegate::synchronisiere()

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "FKRAnwendungsFehler.h"
+#include "FKRDatenOrdnerSperre.h"
+#include "FKRUrlErgebnis.h"
 
 #include <QObject>
 #include <QPointer>
@@ -57,8 +59,16 @@ public:
     QString applicationArchiveDirectory();
     QString storeURL();
 
+    // Takes the exclusive lock of the data folder (made when missing), which the store is never
+    // opened without; the storage stack takes it itself, a program may take it earlier to learn
+    // whether another one works on the folder. Held for the life of the delegate.
+    FKRDatenOrdnerSperre::Ergebnis sperreDatenOrdner();
+    // Tells the user that another program works on the data folder (one modal alert).
+    void meldeDatenOrdnerBelegt();
+
     // The storage stack, built on first use and kept for the life of the delegate. When the store
-    // cannot be opened the error is presented and the process ends with a failure status.
+    // cannot be opened, or another program holds the data folder, the user is told and the
+    // process ends with a failure status.
     const ManagedObjectModel &managedObjectModel() const;
     PersistentStoreCoordinator *persistentStoreCoordinator();
     ManagedObjectContext *managedObjectContext();
@@ -85,9 +95,10 @@ public:
     void pruefeSystemVersion();
 
     // A URL of the application's scheme, from the desktop or a second process. URLs that arrive
-    // before the start-up has registered the handler wait for it; none is dropped.
-    void nimmUrlEntgegen(const QString &url);
-    void handleGetUrlEvent(const QString &url);
+    // before the start-up has registered the handler wait for it; none is dropped. `antwort`
+    // learns whether the item was stored once that is decided.
+    void nimmUrlEntgegen(const QString &url, const FKRUrlAntwort &antwort = {});
+    FKRUrlErgebnis handleGetUrlEvent(const QString &url, const FKRUrlAntwort &antwort = {});
     // Rebuilds the due-document notifications from the unpaid documents.
     void pruefeFaelligeRechnungen();
 
@@ -121,12 +132,14 @@ private:
     QString m_documentsDirectory;
     QString m_backupsDirectory;
     QString m_archiveDirectory;
+    // Before the coordinator, so it is released only after the store is closed.
+    FKRDatenOrdnerSperre m_sperre;
     std::unique_ptr<PersistentStoreCoordinator> m_coordinator;
     std::unique_ptr<ManagedObjectContext> m_context;
     std::unique_ptr<FKRFaelligkeitsMitteilungen> m_mitteilungen;
     std::unique_ptr<FKRUrlImport> m_urlImport;
     QPointer<FKRDatensicherung> m_datensicherung;
-    QStringList m_wartendeUrls;
+    QList<std::pair<QString, FKRUrlAntwort>> m_wartendeUrls;
     bool m_urlHandlerRegistriert = false;
     bool m_storeErsetzt = false;
 };

@@ -4,6 +4,7 @@
 #include "FKRAppDelegate.h"
 
 #include "FKRFensterSchicht.h"
+#include "FKRStoreEinspielung.h"
 #include "ManagedObject.h"
 #include "ManagedObjectContext.h"
 #include "ManagedObjectModel.h"
@@ -27,6 +28,8 @@ bool zeigtHilfeBeiStart(const Decimal &anzahl)
 
 void FKRAppDelegate::applicationDidFinishLaunching()
 {
+    // What a killed restore or import left next to the store goes before anything else.
+    FKRStoreEinspielung::raeumeLiegengebliebenesAuf(applicationDocumentsDirectory());
     erstelleDatensicherung();
 
     QBBenutzerEinstellungen *einstellungen = QBBenutzerEinstellungen::sharedInstance();
@@ -79,17 +82,17 @@ void FKRAppDelegate::vergibUUIDs(const char *const vorlagen[4])
 void FKRAppDelegate::registerForURLScheme()
 {
     m_urlHandlerRegistriert = true;
-    const QStringList wartende = std::exchange(m_wartendeUrls, {});
-    for (const QString &url : wartende)
-        handleGetUrlEvent(url);
+    const auto wartende = std::exchange(m_wartendeUrls, {});
+    for (const auto &[url, antwort] : wartende)
+        handleGetUrlEvent(url, antwort);
 }
 
-void FKRAppDelegate::nimmUrlEntgegen(const QString &url)
+void FKRAppDelegate::nimmUrlEntgegen(const QString &url, const FKRUrlAntwort &antwort)
 {
     if (m_urlHandlerRegistriert)
-        handleGetUrlEvent(url);
+        handleGetUrlEvent(url, antwort);
     else
-        m_wartendeUrls.append(url);
+        m_wartendeUrls.append({url, antwort});
 }
 
 void FKRAppDelegate::checkForVersionUpgrade()

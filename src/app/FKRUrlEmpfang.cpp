@@ -7,18 +7,22 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
+#include <QMap>
+#include <QPointer>
+#include <QStringDecoder>
 #include <QTimer>
 
-// The exchange on the socket: the second program writes each URL as one UTF-8 line (an empty
-// line asks the running program only to come forward) and the running program answers every
-// line it took with "ok". A line longer than kLaengsteZeile, or a client that stays silent for
-// kStilleFrist, costs the client its connection; neither holds up any other client.
+#include <algorithm>
+
+// A client that is owed no answer and stays silent for kStilleFrist (with half a line sent, or
+// none) loses its connection; no client holds up any other.
 namespace {
-constexpr qsizetype kLaengsteZeile = 64 * 1024;
 constexpr int kStilleFristMs = 10000;
 constexpr int kVerbindungsPruefungMs = 1000;
 constexpr int kSperrFristMs = 3000;
-const QByteArray kBestaetigung = QByteArrayLiteral("ok");
+const QByteArray kGespeichert = QByteArrayLiteral("stored");
+const QByteArray kGekommen = QByteArrayLiteral("ok");
+const QByteArray kAbgelehnt = QByteArrayLiteral("refused ");
 
 // Where QLocalServer puts the socket of a name, with ".lock" appended: a file beside it that
 // serialises two programs starting at the same moment.
@@ -36,11 +40,78 @@ QByteArray alsZeile(const QString &nachricht)
     return zeile + '\n';
 }
 
+// An answer is one line whatever the reason says.
+QByteArray ablehnung(const QString &grund)
+{
+    QByteArray zeile = kAbgelehnt + grund.toUtf8();
+    for (char &zeichen : zeile) {
+        if (static_cast<unsigned char>(zeichen) < 0x20 || zeichen == 0x7f)
+            zeichen = ' ';
+    }
+    return zeile;
+}
+
 int restZeit(const QDeadlineTimer &frist)
 {
     return int(qMax<qint64>(0, frist.remainingTime()));
 }
+
 } // namespace
+
+// One client of the running program: its unfinished line and the answers it is owed. Answers
+// are written in the order of the lines, however the handling of the URLs interleaves.
+class FKRUrlEmpfang::Verbindung : public QObject
+{
+public:
+    explicit Verbindung(QLocalSocket *socket) : QObject(socket), m_socket(socket)
+    {
+        m_stille.setSingleShot(true);
+        m_stille.setInterval(kStilleFristMs);
+        QObject::connect(&m_stille, &QTimer::timeout, m_socket, [socket = m_socket] {
+            qWarning("Dropping a URL client: silent too long");
+            socket->abort();
+            socket->deleteLater();
+        });
+    }
+
+    QLocalSocket *socket() const { return m_socket; }
+    QByteArray puffer;
+    bool verwirftBisZeilenende = false;
+
+    qint64 neueZeile() { return m_vergeben++; }
+    void antworte(qint64 nummer, const QByteArray &antwort)
+    {
+        if (nummer < m_geschrieben || m_fertig.contains(nummer))
+            return; // answered already
+        m_fertig.insert(nummer, antwort);
+        while (m_fertig.contains(m_geschrieben))
+            m_socket->write(m_fertig.take(m_geschrieben++) + '\n');
+        // Out before any alert the program shows next.
+        m_socket->flush();
+        pruefeStille();
+    }
+    // While the program owes an answer the client rightly waits; otherwise it should speak.
+    void pruefeStille()
+    {
+        if (m_geschrieben == m_vergeben)
+            m_stille.start();
+        else
+            m_stille.stop();
+    }
+
+private:
+    QLocalSocket *m_socket;
+    QTimer m_stille;
+    qint64 m_vergeben = 0;
+    qint64 m_geschrieben = 0;
+    QMap<qint64, QByteArray> m_fertig;
+};
+
+bool FKRUrlEmpfang::Uebergabe::allesErledigt() const
+{
+    return status == Status::Beantwortet
+        && std::all_of(ergebnisse.cbegin(), ergebnisse.cend(), [](const FKRUrlErgebnis &e) { return e.erledigt; });
+}
 
 QString FKRUrlEmpfang::socketName(const QString &datenOrdner)
 {
@@ -61,37 +132,46 @@ bool FKRUrlEmpfang::laeuftInstanz(const QString &name)
     return verbunden;
 }
 
-bool FKRUrlEmpfang::uebergebeAnLaufendeInstanz(const QString &name, const QStringList &nachrichten, int wartezeitMs)
+FKRUrlEmpfang::Uebergabe FKRUrlEmpfang::uebergebeAnLaufendeInstanz(const QString &name, const QStringList &nachrichten,
+                                                                  int wartezeitMs)
 {
+    Uebergabe uebergabe;
     const QDeadlineTimer frist(wartezeitMs);
     QLocalSocket socket;
     socket.connectToServer(name);
-    if (!socket.waitForConnected(restZeit(frist)))
-        return false;
+    if (!socket.waitForConnected(qMin(kVerbindungsPruefungMs, restZeit(frist))))
+        return uebergabe;
+    // From here on a program is there: whatever goes wrong is its answer missing, never a
+    // reason to start a second one.
+    uebergabe.status = Uebergabe::Status::OhneAntwort;
 
+    const QStringList zeilen = nachrichten.isEmpty() ? QStringList{QString()} : nachrichten;
     QByteArray daten;
-    for (const QString &nachricht : nachrichten)
-        daten += alsZeile(nachricht);
-    if (nachrichten.isEmpty())
-        daten = QByteArrayLiteral("\n");
-    const qsizetype zeilen = daten.count('\n');
+    for (const QString &zeile : zeilen)
+        daten += alsZeile(zeile);
     socket.write(daten);
-    while (socket.bytesToWrite() > 0) {
-        if (!socket.waitForBytesWritten(restZeit(frist)))
-            return false;
-    }
+    // A program that refuses a long line early may end the connection before all is written;
+    // its answer is read all the same.
+    while (socket.bytesToWrite() > 0 && socket.state() == QLocalSocket::ConnectedState)
+        socket.waitForBytesWritten(restZeit(frist));
 
-    qsizetype bestaetigt = 0;
-    while (bestaetigt < zeilen) {
-        if (!socket.canReadLine() && !socket.waitForReadyRead(restZeit(frist)))
-            return false;
-        while (socket.canReadLine()) {
-            if (socket.readLine().trimmed() != kBestaetigung)
-                return false;
-            ++bestaetigt;
+    while (uebergabe.ergebnisse.size() < zeilen.size()) {
+        if (!socket.canReadLine() && !socket.waitForReadyRead(restZeit(frist)) && !socket.canReadLine())
+            return uebergabe;
+        while (socket.canReadLine() && uebergabe.ergebnisse.size() < zeilen.size()) {
+            QByteArray antwort = socket.readLine();
+            antwort.chop(1);
+            const bool nurKommen = zeilen.at(uebergabe.ergebnisse.size()).isEmpty();
+            if (antwort == (nurKommen ? kGekommen : kGespeichert))
+                uebergabe.ergebnisse.append(FKRUrlErgebnis{true});
+            else if (antwort.startsWith(kAbgelehnt))
+                uebergabe.ergebnisse.append(FKRUrlErgebnis{false, QString::fromUtf8(antwort.mid(kAbgelehnt.size()))});
+            else
+                uebergabe.ergebnisse.append(FKRUrlErgebnis{false, QStringLiteral("unexpected answer: ") + QString::fromUtf8(antwort.left(80))});
         }
     }
-    return true;
+    uebergabe.status = Uebergabe::Status::Beantwortet;
+    return uebergabe;
 }
 
 FKRUrlEmpfang::FKRUrlEmpfang(QObject *parent) : QObject(parent) {}
@@ -135,56 +215,84 @@ bool FKRUrlEmpfang::lausche(const QString &name)
 void FKRUrlEmpfang::nimmAn(QLocalSocket *socket)
 {
     connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    // Room for one line of the longest length with its line break; a fuller buffer without a
-    // line break is a line too long.
-    socket->setReadBufferSize(kLaengsteZeile + 1);
-    auto *stille = new QTimer(socket);
-    stille->setSingleShot(true);
-    stille->setInterval(kStilleFristMs);
-    connect(stille, &QTimer::timeout, socket, [socket] { trenne(socket, "silent too long"); });
-    connect(socket, &QLocalSocket::readyRead, this, [this, socket, stille] {
-        stille->start();
-        liesZeilen(socket);
-    });
-    stille->start();
+    // Read in pieces no longer than the longest line: a line that is longer is refused and its
+    // rest dropped as it comes, so no client makes the program hold more than that.
+    socket->setReadBufferSize(kLaengsteZeile);
+    auto *verbindung = new Verbindung(socket); // goes with the socket
+    connect(socket, &QLocalSocket::readyRead, verbindung, [this, verbindung] { liesZeilen(*verbindung); });
+    verbindung->pruefeStille();
     if (socket->bytesAvailable() > 0)
-        liesZeilen(socket);
+        liesZeilen(*verbindung);
     if (socket->state() == QLocalSocket::UnconnectedState)
         socket->deleteLater(); // gone already, for instance one that only looked whether anyone listens
 }
 
-void FKRUrlEmpfang::liesZeilen(QLocalSocket *socket)
+void FKRUrlEmpfang::liesZeilen(Verbindung &verbindung)
 {
-    while (socket->canReadLine()) {
-        QByteArray zeile = socket->readLine(kLaengsteZeile + 1);
-        if (!zeile.endsWith('\n')) {
-            trenne(socket, "line too long");
-            return;
+    QByteArray &puffer = verbindung.puffer;
+    puffer += verbindung.socket()->readAll();
+    for (;;) {
+        const qsizetype ende = puffer.indexOf('\n');
+        if (verbindung.verwirftBisZeilenende) {
+            puffer.remove(0, ende < 0 ? puffer.size() : ende + 1);
+            if (ende < 0)
+                break;
+            verbindung.verwirftBisZeilenende = false;
+            continue;
         }
-        zeile.chop(1);
+        if (ende < 0) {
+            // Room for the longest line and its "\r".
+            if (puffer.size() > kLaengsteZeile + 1) {
+                verbindung.antworte(verbindung.neueZeile(), ablehnung(QStringLiteral("the URL is longer than %1 bytes").arg(kLaengsteZeile)));
+                verbindung.verwirftBisZeilenende = true;
+                puffer.clear();
+            }
+            break;
+        }
+        QByteArray zeile = puffer.left(ende);
+        puffer.remove(0, ende + 1);
         if (zeile.endsWith('\r'))
             zeile.chop(1);
-        socket->write(kBestaetigung + '\n');
-        // Confirmed first and handled later from the event loop: what the program does with the
-        // URL (an alert, a save) must not keep the sender waiting or run inside this read.
-        const QString text = QString::fromUtf8(zeile);
-        QMetaObject::invokeMethod(
-            this,
-            [this, text] {
-                if (text.isEmpty())
-                    Q_EMIT aktivierungAngefordert();
-                else
-                    Q_EMIT urlEmpfangen(text);
-            },
-            Qt::QueuedConnection);
+        bearbeite(verbindung, zeile);
     }
-    if (socket->bytesAvailable() > kLaengsteZeile)
-        trenne(socket, "line too long");
+    verbindung.pruefeStille();
 }
 
-void FKRUrlEmpfang::trenne(QLocalSocket *socket, const char *grund)
+void FKRUrlEmpfang::bearbeite(Verbindung &verbindung, const QByteArray &zeile)
 {
-    qWarning("Dropping a URL client: %s", grund);
-    socket->abort();
-    socket->deleteLater();
+    const qint64 nummer = verbindung.neueZeile();
+    if (zeile.size() > kLaengsteZeile) {
+        verbindung.antworte(nummer, ablehnung(QStringLiteral("the URL is longer than %1 bytes").arg(kLaengsteZeile)));
+        return;
+    }
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(zeile);
+    if (utf8.hasError()) {
+        verbindung.antworte(nummer, ablehnung(QStringLiteral("the message is not UTF-8 text")));
+        return;
+    }
+    if (text.isEmpty()) {
+        verbindung.antworte(nummer, kGekommen);
+        QMetaObject::invokeMethod(this, &FKRUrlEmpfang::aktivierungAngefordert, Qt::QueuedConnection);
+        return;
+    }
+    if (!m_bearbeiter) {
+        verbindung.antworte(nummer, ablehnung(QStringLiteral("this program takes no URLs")));
+        return;
+    }
+    // Handled from the event loop, not inside this read: the import may save, and answers when
+    // it has decided, before it shows anything to the user.
+    const FKRUrlAntwort antwort = [ziel = QPointer<Verbindung>(&verbindung), nummer](const FKRUrlErgebnis &ergebnis) {
+        if (ziel) // a sender that has gone learns nothing
+            ziel->antworte(nummer, ergebnis.erledigt ? kGespeichert : ablehnung(ergebnis.grund));
+    };
+    QMetaObject::invokeMethod(
+        this,
+        [this, text, antwort] {
+            if (m_bearbeiter)
+                m_bearbeiter(text, antwort);
+            else
+                antwort({false, QStringLiteral("this program takes no URLs")});
+        },
+        Qt::QueuedConnection);
 }

@@ -36,62 +36,100 @@ QString hostWieGeschrieben(const QString &urlText)
     return autoritaet;
 }
 
+FKRAlert alert(const char *titel, const char *text, const QString &zusatz = {})
+{
+    return {QString::fromLatin1(titel), QString::fromLatin1(text),
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "BUTTON_TITLE_OK"))}, FKRAlert::Stil::Information, zusatz};
+}
+
+// The text telling the user what was wrong with a refused request.
+const char *ablehnungsText(FKRImportAnfrage::Mangel mangel)
+{
+    switch (mangel) {
+    case FKRImportAnfrage::Mangel::Stunden:
+        return QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_IMPORT_STUNDEN_UNGUELTIG");
+    case FKRImportAnfrage::Mangel::Ertraege:
+        return QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_IMPORT_ERTRAEGE_UNGUELTIG");
+    case FKRImportAnfrage::Mangel::Steuerzeichen:
+    case FKRImportAnfrage::Mangel::Keiner:
+        break;
+    }
+    return QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_IMPORT_STEUERZEICHEN");
+}
+
+FKRUrlErgebnis beantworte(const FKRUrlAntwort &antwort, FKRUrlErgebnis ergebnis)
+{
+    if (antwort)
+        antwort(ergebnis);
+    return ergebnis;
+}
+
 } // namespace
 
 FKRUrlImport::FKRUrlImport(FKRAlertPresenter &presenter, std::function<FKROffenerEditor *()> offenerEditor,
-                           std::function<void()> saveAction)
+                           std::function<bool()> saveAction)
     : m_presenter(presenter), m_offenerEditor(std::move(offenerEditor)), m_saveAction(std::move(saveAction))
 {
 }
 
-void FKRUrlImport::handleGetUrlEvent(const QString &urlText)
+FKRUrlErgebnis FKRUrlImport::handleGetUrlEvent(const QString &urlText, const FKRUrlAntwort &antwort)
 {
+    const FKRUrlErgebnis ignoriert{false, QStringLiteral("not a URL of the form %1://%2?...").arg(QLatin1String(kSchema), QLatin1String(kImportHost))};
     if (urlText.isEmpty())
-        return;
+        return beantworte(antwort, ignoriert);
     // A "%" that starts no escape is taken literally here; left to QUrl, one such "%" would make
     // it treat every other escape of the text as literal too.
     QString text = urlText;
     text.replace(QRegularExpression(QStringLiteral("%(?![0-9A-Fa-f]{2})")), QStringLiteral("%25"));
     const QUrl url(text);
     if (!url.isValid() || url.scheme().compare(QLatin1String(kSchema), Qt::CaseInsensitive) != 0)
-        return;
+        return beantworte(antwort, ignoriert);
     if (hostWieGeschrieben(text) != QLatin1String(kImportHost)) {
         qCDebug(lcUrlImport) << "ignoring a URL of an unknown host";
-        return;
+        return beantworte(antwort, ignoriert);
     }
     qCDebug(lcUrlImport) << "importing an item handed over by URL";
-    importiereRechnungsPosten(url);
+    return importiereRechnungsPosten(url, antwort);
 }
 
-void FKRUrlImport::importiereRechnungsPosten(const QUrl &url)
+FKRUrlErgebnis FKRUrlImport::importiereRechnungsPosten(const QUrl &url, const FKRUrlAntwort &antwort)
 {
+    // The query as QUrl keeps it is always well-formed (a stray "%" is held as "%25"), so one
+    // decoding of the whole of it gives back exactly the text that was sent.
+    const FKRImportAnfrage anfrage = FKRImportAnfrage::lies(QUrl::fromPercentEncoding(url.query(QUrl::FullyEncoded).toLatin1()));
+    if (!anfrage.istAngenommen()) {
+        // Refused before anything is made: the tracker learns the reason, the user too.
+        const FKRUrlErgebnis ergebnis = beantworte(antwort, {false, anfrage.grund()});
+        qCDebug(lcUrlImport).noquote() << "refused:" << ergebnis.grund;
+        m_presenter.zeigeAlert(alert(QT_TRANSLATE_NOOP("Velmora", "ALERT_TITLE_IMPORT_ABGELEHNT"),
+                                     ablehnungsText(anfrage.mangel), anfrage.mangelhafterSchluessel));
+        return ergebnis;
+    }
+
     FKROffenerEditor *editor = m_offenerEditor ? m_offenerEditor() : nullptr;
     if (!editor) {
         // The request is dropped, not kept for later: the tracker sends it again once a
         // document is open.
-        m_presenter.zeigeAlert({QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TITLE_RECHNUNG_OEFFNEN_FUER_IMPORT")),
-                                QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT")),
-                                {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "BUTTON_TITLE_OK"))},
-                                FKRAlert::Stil::Information});
-        return;
+        const FKRUrlErgebnis ergebnis = beantworte(
+            antwort, {false, QStringLiteral("no document is open in the editor; open one and send the item again")});
+        m_presenter.zeigeAlert(alert(QT_TRANSLATE_NOOP("Velmora", "ALERT_TITLE_RECHNUNG_OEFFNEN_FUER_IMPORT"),
+                                     QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT")));
+        return ergebnis;
     }
     FKRRechnung *rechnung = editor->rechnung();
     if (!rechnung)
-        return;
+        return beantworte(antwort, {false, QStringLiteral("the editor shows no document")});
 
     // Counted before the editor makes the new item, which may already belong to the document.
     const qint64 vorhandenePosten = rechnung->posten().size();
     FKRPosten *posten = editor->neuerPosten();
     if (!posten)
-        return;
+        return beantworte(antwort, {false, QStringLiteral("the editor could not add an item")});
     posten->setPostenBezeichnung(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Bezeichnung"), rechnung->sprache()));
     posten->setPostenBeschreibung(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Beschreibung"), rechnung->sprache()));
     posten->setPostenNummer(vorhandenePosten + 1);
     posten->setRechnung(rechnung);
 
-    // The query as QUrl keeps it is always well-formed (a stray "%" is held as "%25"), so one
-    // decoding of the whole of it gives back exactly the text that was sent.
-    const FKRImportAnfrage anfrage = FKRImportAnfrage::lies(QUrl::fromPercentEncoding(url.query(QUrl::FullyEncoded).toLatin1()));
     anfrage.uebertrageAuf(*posten);
     FKREmpfaengerListe *liste = editor->empfaengerListe();
     if (!anfrage.auftraggeber.isEmpty() && liste) {
@@ -109,7 +147,9 @@ void FKRUrlImport::importiereRechnungsPosten(const QUrl &url)
             rechnung->setEmpfaenger(empfaenger);
     }
 
-    if (m_saveAction)
-        m_saveAction();
+    const bool gespeichert = m_saveAction && m_saveAction();
+    const FKRUrlErgebnis ergebnis =
+        beantworte(antwort, gespeichert ? FKRUrlErgebnis{true} : FKRUrlErgebnis{false, QStringLiteral("the item could not be saved")});
     editor->waehlePostenAus(posten);
+    return ergebnis;
 }

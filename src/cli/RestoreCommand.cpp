@@ -1,9 +1,9 @@
 #include "RestoreCommand.h"
 
 #include "FKRAppDelegate.h"
+#include "FKRDatenOrdnerSperre.h"
 #include "FKRDatensicherung.h"
 #include "FKRUhr.h"
-#include "FKRUrlEmpfang.h"
 #include "FKRZipArchiv.h"
 #include "PersistentStoreCoordinator.h"
 #include "QBBenutzerEinstellungen.h"
@@ -50,12 +50,21 @@ int RestoreCommand::execute(const QStringList &arguments, CommandStreams &io)
     }
 
     const QString datenOrdner = FKRAppDelegate::datenOrdnerPfad();
-    if (FKRUrlEmpfang::laeuftInstanz(FKRUrlEmpfang::socketName(datenOrdner))) {
-        printError(io.err, "Velmora Rechnungen is running; quit it before restoring a backup");
-        return kExitFailure;
-    }
     if (!QDir().mkpath(datenOrdner)) {
         printError(io.err, "cannot create the data folder " + datenOrdner.toStdString());
+        return kExitFailure;
+    }
+    // Held until the files are in place: no program may open the store meanwhile, and a
+    // program that has it open must not have it replaced under it.
+    FKRDatenOrdnerSperre sperre;
+    switch (sperre.sperre(datenOrdner)) {
+    case FKRDatenOrdnerSperre::Ergebnis::Gehalten:
+        break;
+    case FKRDatenOrdnerSperre::Ergebnis::Belegt:
+        printError(io.err, "Velmora Rechnungen is running (or another restore); quit it before restoring a backup");
+        return kExitFailure;
+    case FKRDatenOrdnerSperre::Ergebnis::Fehler:
+        printError(io.err, "cannot lock the data folder: " + sperre.fehler().toStdString());
         return kExitFailure;
     }
 

@@ -8,8 +8,42 @@
 #include "FKRUrlImport.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QThread>
 #include <QTimer>
 #include <QUrl>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+// A program that holds the data folder but does not listen yet is starting (or is a command that
+// replaces the store): this long it gets before this process gives up.
+constexpr int kStartFristMs = 10000;
+constexpr int kNeuerVersuchMs = 100;
+
+void meldeFehler(const QString &zeile)
+{
+    std::fprintf(stderr, "velmora: %s\n", zeile.toUtf8().constData());
+}
+
+// The exit status of a second process, with one line on stderr for every message that failed.
+int meldeUebergabe(const QStringList &urls, const FKRUrlEmpfang::Uebergabe &uebergabe)
+{
+    if (uebergabe.status != FKRUrlEmpfang::Uebergabe::Status::Beantwortet) {
+        meldeFehler(QStringLiteral("Velmora Rechnungen runs but did not answer within %1 s; nothing was confirmed")
+                        .arg(FKRUrlEmpfang::kAntwortFristMs / 1000));
+        return EXIT_FAILURE;
+    }
+    for (const FKRUrlErgebnis &ergebnis : uebergabe.ergebnisse) {
+        if (!ergebnis.erledigt)
+            meldeFehler((urls.isEmpty() ? QStringLiteral("Velmora Rechnungen did not come forward: ")
+                                        : QStringLiteral("the item was not imported: "))
+                        + ergebnis.grund);
+    }
+    return uebergabe.allesErledigt() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+} // namespace
 
 FKRDesktopAnwendung::FKRDesktopAnwendung()
     : m_presenter(std::make_unique<FKRMessageBoxPresenter>())
@@ -36,24 +70,42 @@ QStringList FKRDesktopAnwendung::urlsAusArgumenten(const QStringList &argumente)
     return urls;
 }
 
-bool FKRDesktopAnwendung::uebergibtAnLaufendesProgramm(const QStringList &urls)
+std::optional<int> FKRDesktopAnwendung::uebergibtAnLaufendesProgramm(const QStringList &urls)
 {
     const QString name = FKRUrlEmpfang::socketName(m_delegate->applicationDocumentsDirectory());
-    // Twice: a program that starts at the same moment may have won the socket meanwhile.
-    for (int versuch = 0; versuch < 2; ++versuch) {
-        if (FKRUrlEmpfang::uebergebeAnLaufendeInstanz(name, urls))
-            return true;
-        if (m_empfang->lausche(name))
-            return false;
+    const QDeadlineTimer frist(kStartFristMs);
+    for (;;) {
+        const FKRUrlEmpfang::Uebergabe uebergabe = FKRUrlEmpfang::uebergebeAnLaufendeInstanz(name, urls);
+        if (uebergabe.status != FKRUrlEmpfang::Uebergabe::Status::NiemandLauscht)
+            return meldeUebergabe(urls, uebergabe);
+        switch (m_delegate->sperreDatenOrdner()) {
+        case FKRDatenOrdnerSperre::Ergebnis::Gehalten:
+            // This process is the program now. The lock is taken before listening, so whatever
+            // answers at the name without it is no program of this data folder.
+            if (!m_empfang->lausche(name))
+                qWarning("Could not listen for URLs; other processes cannot hand theirs over.");
+            return std::nullopt;
+        case FKRDatenOrdnerSperre::Ergebnis::Fehler:
+            return std::nullopt; // opening the store tells the user what is wrong with the folder
+        case FKRDatenOrdnerSperre::Ergebnis::Belegt:
+            break;
+        }
+        if (frist.hasExpired()) {
+            meldeFehler(QStringLiteral("another program works on the data folder %1 and does not answer")
+                            .arg(m_delegate->applicationDocumentsDirectory()));
+            m_delegate->meldeDatenOrdnerBelegt();
+            return EXIT_FAILURE;
+        }
+        QThread::msleep(kNeuerVersuchMs);
     }
-    qWarning("Another Velmora Rechnungen is running but does not answer; starting anyway.");
-    return false;
 }
 
 void FKRDesktopAnwendung::starte(const QStringList &urls)
 {
     FKRAppDelegate &delegate = *m_delegate;
-    connect(m_empfang.get(), &FKRUrlEmpfang::urlEmpfangen, &delegate, &FKRAppDelegate::nimmUrlEntgegen);
+    m_empfang->setBearbeiter([&delegate](const QString &url, const FKRUrlAntwort &antwort) {
+        delegate.nimmUrlEntgegen(url, antwort);
+    });
     for (const QString &url : urls)
         delegate.nimmUrlEntgegen(url);
 

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 class FKRAppDelegate;
 class FKRBeendenSignale;
@@ -11,8 +12,8 @@ class FKRAppWindowController;
 class FKRMessageBoxPresenter;
 class FKRUrlEmpfang;
 
-// The desktop program around the application core: one running program per user, the main
-// window, the alerts, the URLs of the scheme and the way the program ends.
+// The desktop program around the application core: one running program per data folder, the
+// main window, the alerts, the URLs of the scheme and the way the program ends.
 class FKRDesktopAnwendung : public QObject
 {
     Q_OBJECT
@@ -21,9 +22,11 @@ public:
     FKRDesktopAnwendung();
     ~FKRDesktopAnwendung() override;
 
-    // Hands `urls` to a program that runs already (true: this process is done), or takes the
-    // program's place and starts it with them.
-    bool uebergibtAnLaufendesProgramm(const QStringList &urls);
+    // Hands `urls` to the program that works on the data folder and gives this process's exit
+    // status: 0 when every item was stored (or the program came forward), otherwise 1 after one
+    // line per failure on stderr. Nothing (the process goes on to `starte`) when this process
+    // took the data folder's lock and so became the program.
+    std::optional<int> uebergibtAnLaufendesProgramm(const QStringList &urls);
     void starte(const QStringList &urls);
 
     static QStringList urlsAusArgumenten(const QStringList &argumente);

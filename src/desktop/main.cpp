@@ -14,8 +14,8 @@ int main(int argc, char *argv[])
 
     FKRDesktopAnwendung anwendung;
     const QStringList urls = FKRDesktopAnwendung::urlsAusArgumenten(QCoreApplication::arguments());
-    if (anwendung.uebergibtAnLaufendesProgramm(urls))
-        return 0;
+    if (const std::optional<int> status = anwendung.uebergibtAnLaufendesProgramm(urls))
+        return *status;
     anwendung.starte(urls);
     return QApplication::exec();
 }

@@ -16,9 +16,23 @@ class FKRPosten;
 // each matched against the keys in a fixed order as a case-sensitive prefix that includes the
 // "="; a pair that matches no key is ignored, the last occurrence of a key wins, and values are
 // taken verbatim (no trimming). A missing key leaves its value empty.
+//
+// A request is refused as a whole, with a reason for the sender, when it carries values no user
+// would put on an invoice: hours that are no number of seconds or lie outside 0.01 to 1000000
+// hours, earnings that are no amount or lie outside 0 to 1000000000000, or a control character
+// (a line break, NUL, ...) in one of the one-line texts. The client note may hold line breaks
+// and tabs (it is an address); other control characters refuse it too. Any text is safe to
+// read: nothing here throws, and the work grows with the length of the text.
 class FKRImportAnfrage
 {
 public:
+    // What makes a request unusable; the first one found counts.
+    enum class Mangel { Keiner, Stunden, Ertraege, Steuerzeichen };
+
+    static constexpr int kMindestSekunden = 18;               // 0.005 hours, rounded to 0.01
+    static constexpr qint64 kHoechstSekunden = 3600000000LL;   // 1000000 hours
+    static constexpr qint64 kHoechstErtraege = 1000000000000LL;
+
     static FKRImportAnfrage lies(const QString &dekodierteAnfrage);
 
     QString startDatum;
@@ -26,28 +40,37 @@ public:
     QString aufgabe;
     QString auftrag;
     QString auftraggeber;
-    QString auftraggeberNotiz;
-    QString summeStunden;  // seconds, as sent
-    QString summeErtraege; // earnings for those seconds, as sent
+    QString auftraggeberNotiz; // line breaks as "\n", whatever the sender used
+    QString summeStunden;      // seconds, as sent
+    QString summeErtraege;     // earnings for those seconds, as sent
 
-    // The hours: summeStunden read as a decimal with "." (whatever the user's locale), cut to
-    // whole seconds and divided by 3600. NaN when summeStunden is missing or not a number.
+    Mangel mangel = Mangel::Keiner;
+    // The refused key without its "=" ("summeStunden", "aufgabe", ...); empty when accepted.
+    QString mangelhafterSchluessel;
+
+    // The hours as the invoice shows them: summeStunden read as a decimal with "." (whatever the
+    // user's locale), cut to whole seconds, divided by 3600 and rounded to hundredths. NaN when
+    // summeStunden is missing or the request is refused.
     Decimal anzahl = Decimal::notANumber();
-    // summeErtraege ÷ anzahl. NaN when either is not a number, when anzahl is zero (less than a
-    // second was tracked) and when the quotient lies beyond what a Decimal holds.
+    // summeErtraege ÷ anzahl, rounded to the cent: the amounts count the unit price in cents,
+    // so the item holds exactly the price they use. NaN when summeErtraege or anzahl is
+    // missing or the request is refused.
     Decimal einzelbetrag = Decimal::notANumber();
+
+    bool istAngenommen() const { return mangel == Mangel::Keiner; }
+    // Why the request is refused, one English line for the sender; empty when accepted.
+    QString grund() const;
 
     // "auftraggeber auftrag aufgabe"; empty values keep their blanks.
     QString postenBezeichnung() const;
     // "startDatum - stopDatum".
     QString postenBeschreibung() const;
 
-    // Writes quantity, unit price, title and description into the item; title and description
-    // replace what the item had even when they are empty. A quantity that is not a number leaves
-    // the item without one (the store keeps no NaN). The unit price is written only when it is a
-    // number and the quantity is too: an item with a quantity always needs a unit price for its
-    // sums, so otherwise it keeps the one it had (a new item's is zero) for the user to fill in.
-    void uebertrageAuf(FKRPosten &posten) const;
+    // Writes quantity, unit price, title and description into the item and returns true; title
+    // and description replace what the item had even when they are empty. Without summeStunden
+    // the item has no quantity; without summeErtraege or quantity it keeps its unit price (a new
+    // item's is zero) for the user to fill in. A refused request changes nothing (false).
+    bool uebertrageAuf(FKRPosten &posten) const;
 
     // The first of `kandidaten`, in their order, whose name or else whose company equals
     // `auftraggeber` exactly (case-sensitive); nullptr when none does.

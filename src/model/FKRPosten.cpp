@@ -21,13 +21,15 @@ void FKRPosten::setRechnung(FKRRechnung *rechnung)
     setToOne(QStringLiteral("rechnung"), rechnung);
 }
 
-void FKRPosten::setzeImportPostenDetailsFuerWithQuery(const QString &decodedQuery, FKRRechnung *rechnung,
+bool FKRPosten::setzeImportPostenDetailsFuerWithQuery(const QString &decodedQuery, FKRRechnung *rechnung,
                                                      const ManagedObjectModel &model, ManagedObjectContext &context)
 {
     const FKRImportAnfrage anfrage = FKRImportAnfrage::lies(decodedQuery);
-    anfrage.uebertrageAuf(*this);
+    if (!anfrage.uebertrageAuf(*this))
+        return false;
     if (rechnung && !anfrage.auftraggeber.isEmpty()) {
         rechnung->setEmpfaenger(FKREmpfaenger::findeEmpfaengerFuerImportAuftraggeberStringWithAuftraggeber(
             anfrage.auftraggeber, anfrage.auftraggeberNotiz, model, context));
     }
+    return true;
 }

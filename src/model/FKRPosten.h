@@ -46,8 +46,9 @@ public:
     // Item import without an open editor: applies the decoded query of a time tracker's request
     // to this item (quantity, unit price, title, description) and, when the request names a
     // client, makes the recipient found or created for it the recipient of `rechnung`. Does not
-    // attach the item to the document, number it or save.
-    void setzeImportPostenDetailsFuerWithQuery(const QString &decodedQuery, FKRRechnung *rechnung,
+    // attach the item to the document, number it or save. A refused request (FKRImportAnfrage)
+    // changes nothing and gives false.
+    bool setzeImportPostenDetailsFuerWithQuery(const QString &decodedQuery, FKRRechnung *rechnung,
                                               const ManagedObjectModel &model, ManagedObjectContext &context);
 
 Q_SIGNALS:

@@ -325,10 +325,15 @@ TEST_F(AppDelegate, BeendenFragtWaehrendDerSynchronisationUndSichertSonst)
 TEST_F(AppDelegate, UrlsVorDemStartWartenAufDenHandler)
 {
     auto delegate = neuerDelegate();
-    delegate->nimmUrlEntgegen(QStringLiteral("velmora://importRechnungsPosten?auftraggeber=Acme"));
+    QList<FKRUrlErgebnis> antworten;
+    delegate->nimmUrlEntgegen(QStringLiteral("velmora://importRechnungsPosten?auftraggeber=Acme"),
+                              [&](const FKRUrlErgebnis &ergebnis) { antworten.append(ergebnis); });
     EXPECT_TRUE(presenter.alerts.isEmpty()) << "not handled before the handler is registered";
+    EXPECT_TRUE(antworten.isEmpty()) << "nor answered";
     delegate->registerForURLScheme();
     ASSERT_EQ(presenter.alerts.size(), 1) << "handled once registered; no editor is open";
+    ASSERT_EQ(antworten.size(), 1);
+    EXPECT_FALSE(antworten[0].erledigt);
     EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT");
     delegate->nimmUrlEntgegen(QStringLiteral("velmora://importRechnungsPosten?auftraggeber=Acme"));
     EXPECT_EQ(presenter.alerts.size(), 2) << "later ones at once";

@@ -12,8 +12,11 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QThread>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <future>
@@ -47,6 +50,8 @@ int rohSocket(const QString &name, bool lauschen)
     return fd;
 }
 
+using Status = FKRUrlEmpfang::Uebergabe::Status;
+
 class UrlEmpfang : public ::testing::Test
 {
 protected:
@@ -55,24 +60,42 @@ protected:
     FKRUrlEmpfang empfang;
     QStringList urls;
     int aktivierungen = 0;
+    // URLs whose answer the test gives itself; every other URL is stored at once.
+    QList<FKRUrlAntwort> offen;
 
     void SetUp() override
     {
-        QObject::connect(&empfang, &FKRUrlEmpfang::urlEmpfangen, [this](const QString &url) { urls.append(url); });
+        empfang.setBearbeiter([this](const QString &url, const FKRUrlAntwort &antwort) {
+            urls.append(url);
+            if (url.contains(u"langsam"_s))
+                offen.append(antwort);
+            else
+                antwort({true});
+        });
         QObject::connect(&empfang, &FKRUrlEmpfang::aktivierungAngefordert, [this] { ++aktivierungen; });
     }
     void TearDown() override { QFile::remove(QDir::tempPath() + u'/' + name); }
 
     // Hands over from another thread while this one serves.
-    bool uebergib(const QStringList &nachrichten, int wartezeitMs = 3000)
+    FKRUrlEmpfang::Uebergabe uebergib(const QStringList &nachrichten, int wartezeitMs = 3000,
+                                      const std::function<void()> &waehrenddessen = {})
     {
         auto ergebnis = std::async(std::launch::async, [&] {
             return FKRUrlEmpfang::uebergebeAnLaufendeInstanz(name, nachrichten, wartezeitMs);
         });
+        if (waehrenddessen) {
+            warteBis([&] { return !offen.isEmpty(); });
+            waehrenddessen();
+        }
         warteBis([&] { return ergebnis.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }, wartezeitMs + 2000);
         return ergebnis.get();
     }
 };
+
+MATCHER_P(Abgelehnt, grund, "")
+{
+    return !arg.erledigt && arg.grund == grund;
+}
 
 TEST_F(UrlEmpfang, UrlsKommenInReihenfolgeAnUndNurEinProgrammLauscht)
 {
@@ -81,67 +104,101 @@ TEST_F(UrlEmpfang, UrlsKommenInReihenfolgeAnUndNurEinProgrammLauscht)
     EXPECT_EQ(FKRUrlEmpfang::socketName(datenOrdner.path() + u"/./"_s), name);
     EXPECT_NE(FKRUrlEmpfang::socketName(anderer.path()), name);
 
-    EXPECT_FALSE(uebergib({u"velmora://x"_s}, 500)); // nobody listens yet
+    EXPECT_EQ(uebergib({u"velmora://x"_s}, 500).status, Status::NiemandLauscht);
     ASSERT_TRUE(empfang.lausche(name));
     EXPECT_TRUE(FKRUrlEmpfang::laeuftInstanz(name));
     const QFile::Permissions rechte = QFile::permissions(QDir::tempPath() + u'/' + name);
     EXPECT_FALSE(rechte & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther));
 
     const QString umlaute = u"velmora://importRechnungsPosten?auftraggeber=Müller & Söhne"_s;
-    EXPECT_TRUE(uebergib({u"velmora://eins"_s, umlaute, u"velmora://a\nb"_s}));
-    EXPECT_TRUE(uebergib({}));
+    const FKRUrlEmpfang::Uebergabe drei = uebergib({u"velmora://eins"_s, umlaute, u"velmora://a\nb"_s});
+    EXPECT_EQ(drei.status, Status::Beantwortet);
+    EXPECT_EQ(drei.ergebnisse.size(), 3);
+    EXPECT_TRUE(drei.allesErledigt());
+    EXPECT_TRUE(uebergib({}).allesErledigt());
     FKRUrlEmpfang zweiter;
     EXPECT_FALSE(zweiter.lausche(name));
-    EXPECT_TRUE(uebergib({u"velmora://zwei"_s}));
+    EXPECT_TRUE(uebergib({u"velmora://zwei"_s}).allesErledigt());
     ASSERT_TRUE(warteBis([&] { return urls.size() == 4 && aktivierungen == 1; }));
     EXPECT_EQ(urls, (QStringList{u"velmora://eins"_s, umlaute, u"velmora://a%0Ab"_s, u"velmora://zwei"_s}));
 }
 
-TEST_F(UrlEmpfang, VerwaisterSocketWirdUebernommenStummerKostetNurDieWartezeit)
+// The answer is the program's decision, whenever it comes: answers keep the order of the URLs
+// even when a later one is decided first, and a reason stays one line.
+TEST_F(UrlEmpfang, AntwortenKommenNachDerEntscheidungInReihenfolge)
+{
+    ASSERT_TRUE(empfang.lausche(name));
+    const FKRUrlEmpfang::Uebergabe uebergabe = uebergib({u"velmora://langsam"_s, u"velmora://schnell"_s}, 5000, [&] {
+        QTimer::singleShot(300, [&] { offen.takeFirst()({false, u"kein Dokument\noffen"_s}); });
+    });
+    EXPECT_EQ(uebergabe.status, Status::Beantwortet);
+    ASSERT_EQ(uebergabe.ergebnisse.size(), 2);
+    EXPECT_THAT(uebergabe.ergebnisse[0], Abgelehnt(u"kein Dokument offen"_s));
+    EXPECT_TRUE(uebergabe.ergebnisse[1].erledigt);
+    EXPECT_FALSE(uebergabe.allesErledigt());
+
+    // An answer that does not come in time is no answer, and never "nobody listens".
+    const FKRUrlEmpfang::Uebergabe ohne = uebergib({u"velmora://langsam"_s}, 300);
+    EXPECT_EQ(ohne.status, Status::OhneAntwort);
+    EXPECT_FALSE(ohne.allesErledigt());
+
+    // Without anyone to handle them, URLs are refused.
+    empfang.setBearbeiter({});
+    EXPECT_THAT(uebergib({u"velmora://x"_s}).ergebnisse, ::testing::ElementsAre(Abgelehnt(u"this program takes no URLs"_s)));
+}
+
+TEST_F(UrlEmpfang, VerwaisterSocketWirdUebernommenStummerAntwortetNicht)
 {
     const int stumm = rohSocket(name, true);
     QElapsedTimer uhr;
     uhr.start();
-    EXPECT_FALSE(uebergib({u"velmora://x"_s}, 300));
+    EXPECT_EQ(uebergib({u"velmora://x"_s}, 300).status, Status::OhneAntwort);
     EXPECT_LT(uhr.elapsed(), 2000);
     ::close(stumm); // the file stays, as after a crash
 
     ASSERT_TRUE(QFile::exists(QDir::tempPath() + u'/' + name));
     EXPECT_FALSE(FKRUrlEmpfang::laeuftInstanz(name));
+    EXPECT_EQ(uebergib({u"velmora://x"_s}, 300).status, Status::NiemandLauscht);
     ASSERT_TRUE(empfang.lausche(name));
-    EXPECT_TRUE(uebergib({u"velmora://nach-absturz"_s}));
+    EXPECT_TRUE(uebergib({u"velmora://nach-absturz"_s}).allesErledigt());
     EXPECT_TRUE(warteBis([&] { return urls.size() == 1; }));
 }
 
-TEST_F(UrlEmpfang, SchlechteClientsHaltenGuteNichtAuf)
+TEST_F(UrlEmpfang, SchlechteZeilenWerdenAbgelehntUndHaltenGuteNichtAuf)
 {
     ASSERT_TRUE(empfang.lausche(name));
-    QLocalSocket stumm, muell, zuLang, stueckweise;
-    for (QLocalSocket *s : {&stumm, &muell, &zuLang, &stueckweise}) {
+    QLocalSocket stumm, muell, stueckweise;
+    for (QLocalSocket *s : {&stumm, &muell, &stueckweise}) {
         s->connectToServer(name);
         ASSERT_TRUE(s->waitForConnected(1000));
     }
     muell.write(QByteArray("\x00\xff\xfe without end", 15));
-    zuLang.write(QByteArray(100 * 1024, 'x') + '\n');
     stueckweise.write("velmora://stueck");
     QCoreApplication::processEvents();
 
-    EXPECT_TRUE(uebergib({u"velmora://gut"_s}));
-    ASSERT_TRUE(warteBis([&] { return urls.size() == 1; }));
-    EXPECT_EQ(urls.first(), u"velmora://gut"_s);
-    // The over-long line costs its sender the connection, and nothing of it arrives.
-    EXPECT_TRUE(warteBis([&] { return zuLang.state() == QLocalSocket::UnconnectedState; }));
+    // Too long, no UTF-8: refused, and the next line of the same client is handled.
+    const QString zuLang = u"velmora://"_s + QString(FKRUrlEmpfang::kLaengsteZeile - 9, u'x');
+    const QString genauLang = u"velmora://"_s + QString(FKRUrlEmpfang::kLaengsteZeile - 10, u'y');
+    const FKRUrlEmpfang::Uebergabe uebergabe = uebergib({zuLang, u"velmora://gut"_s, genauLang});
+    EXPECT_THAT(uebergabe.ergebnisse, ::testing::ElementsAre(Abgelehnt(u"the URL is longer than 65536 bytes"_s),
+                                                             ::testing::Field(&FKRUrlErgebnis::erledigt, true),
+                                                             ::testing::Field(&FKRUrlErgebnis::erledigt, true)));
+    muell.write("\n\xff\xfe\n" + QByteArray(100 * 1024, 'z') + "\nvelmora://danach\n");
+    ASSERT_TRUE(warteBis([&] { return QByteArray(muell.peek(4096)).count('\n') == 4 && urls.size() == 3; }));
+    EXPECT_EQ(muell.readAll(), "refused the message is not UTF-8 text\nrefused the message is not UTF-8 text\n"
+                               "refused the URL is longer than 65536 bytes\nstored\n");
+    EXPECT_EQ(urls, (QStringList{u"velmora://gut"_s, genauLang, u"velmora://danach"_s}));
 
-    // A line in two pieces is one URL, confirmed once whole.
+    // A line in two pieces is one URL, answered once whole.
     stueckweise.write("weise\r\n");
-    ASSERT_TRUE(warteBis([&] { return urls.size() == 2 && stueckweise.canReadLine(); }));
+    ASSERT_TRUE(warteBis([&] { return urls.size() == 4 && stueckweise.canReadLine(); }));
     EXPECT_EQ(urls.last(), u"velmora://stueckweise"_s);
-    EXPECT_EQ(stueckweise.readLine(), "ok\n");
+    EXPECT_EQ(stueckweise.readLine(), "stored\n");
 }
 
 // The desktop's road: the program runs, the desktop starts it again with a URL, and that second
-// process hands the URL over and ends at once.
-TEST(UrlUebergabeZwischenProgrammen, ZweiterStartUebergibtUndEndetSofort)
+// process hands the URL over, learns what became of it and ends with that status at once.
+TEST(UrlUebergabeZwischenProgrammen, ZweiterStartMeldetWasAusDerUrlWurdeUndStartetNieEinZweitesProgramm)
 {
     const QString programm = QStringLiteral(VELMORA_BINARY_DIR "/src/desktop/velmora");
     if (!QFile::exists(programm))
@@ -177,6 +234,10 @@ TEST(UrlUebergabeZwischenProgrammen, ZweiterStartUebergibtUndEndetSofort)
     erster.start(programm, {});
     ASSERT_TRUE(warteBis([&] { return FKRUrlEmpfang::laeuftInstanz(name); }, 15000)) << erster.readAllStandardError().toStdString();
 
+    struct Lauf {
+        int status = -1;
+        QStringList fehler; // its own lines on stderr, without what Qt logs
+    };
     const auto zweiterStart = [&](const QStringList &argumente) {
         QProcess zweiter;
         zweiter.setProcessEnvironment(umgebung);
@@ -185,24 +246,29 @@ TEST(UrlUebergabeZwischenProgrammen, ZweiterStartUebergibtUndEndetSofort)
         zweiter.start(programm, argumente);
         EXPECT_TRUE(zweiter.waitForFinished(10000));
         EXPECT_EQ(zweiter.exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(zweiter.exitCode(), 0) << zweiter.readAllStandardError().toStdString();
         EXPECT_LT(uhr.elapsed(), 5000);
+        const QStringList zeilen = QString::fromUtf8(zweiter.readAllStandardError()).split(u'\n');
+        return Lauf{zweiter.exitCode(), zeilen.filter(QRegularExpression(u"^velmora: "_s))};
     };
-    zweiterStart({u"velmora://importRechnungsPosten?auftraggeber=Acme&summeStunden=5400&summeErtraege=120"_s});
-    QString protokoll;
-    EXPECT_TRUE(warteBis([&] {
-        erster.waitForReadyRead(50);
-        protokoll += QString::fromUtf8(erster.readAllStandardError());
-        return protokoll.contains(u"importing an item handed over by URL"_s);
-    }, 10000)) << protokoll.toStdString();
     // No editor is open in the first program: it asks the user to open a document and stores
-    // nothing (the item reaching an open editor is covered with the real windows in-process).
+    // nothing, and the sender learns so (the item reaching an open editor is covered with the
+    // real windows in-process).
+    const Lauf ohneEditor = zweiterStart({u"velmora://importRechnungsPosten?auftraggeber=Acme&summeStunden=5400&summeErtraege=120"_s});
+    EXPECT_EQ(ohneEditor.status, 1);
+    EXPECT_EQ(ohneEditor.fehler, QStringList{u"velmora: the item was not imported: no document is open in the editor; open one and send the item again"_s});
+    // A URL longer than any line the program reads is refused like a bad value; it never makes
+    // the sender think nobody runs.
+    const Lauf zuLang = zweiterStart({u"velmora://importRechnungsPosten?aufgabe="_s + QString(70000, u'x')});
+    EXPECT_EQ(zuLang.status, 1);
+    EXPECT_EQ(zuLang.fehler, QStringList{u"velmora: the item was not imported: the URL is longer than 65536 bytes"_s});
     QThread::msleep(300);
     {
         storetest::OpenStore offen(store);
         EXPECT_EQ(offen.moc().fetch<FKRPosten>().size(), 2);
     }
-    zweiterStart({}); // only brings the running program forward
+    const Lauf nachVorne = zweiterStart({}); // only brings the running program forward
+    EXPECT_EQ(nachVorne.status, 0) << nachVorne.fehler.join(u'\n').toStdString();
+    EXPECT_TRUE(nachVorne.fehler.isEmpty());
     EXPECT_EQ(erster.state(), QProcess::Running);
 
     erster.terminate();

@@ -5,6 +5,7 @@
 #include "../model/StoreTestSupport.h"
 #include "SkriptPresenter.h"
 
+#include "FKRImportAnfrage.h"
 #include "FKROffenerEditor.h"
 #include "FKRUrlImport.h"
 
@@ -55,11 +56,16 @@ protected:
     SkriptPresenter presenter;
     Editor editor{moc};
     bool editorOffen = true;
+    bool speichernGelingt = true;
     int speicherungen = 0;
     FKRUrlImport import{presenter, [this] { return editorOffen ? &editor : nullptr; }, [this] {
                             ++speicherungen;
                             EXPECT_TRUE(moc.save());
+                            return speichernGelingt;
                         }};
+    // The answer to the sender of the last URL, and how many alerts had been shown by then.
+    FKRUrlErgebnis antwort;
+    qsizetype alertsVorDerAntwort = -1;
 
     void SetUp() override
     {
@@ -79,12 +85,29 @@ protected:
         return e;
     }
 
+    // Hands one URL over; every URL is answered exactly once, before any alert.
+    FKRUrlErgebnis sende(const QString &url)
+    {
+        int antworten = 0;
+        const FKRUrlErgebnis ergebnis = import.handleGetUrlEvent(url, [&](const FKRUrlErgebnis &e) {
+            ++antworten;
+            antwort = e;
+            alertsVorDerAntwort = presenter.alerts.size();
+        });
+        EXPECT_EQ(antworten, 1) << url.toStdString();
+        EXPECT_EQ(ergebnis.erledigt, antwort.erledigt);
+        EXPECT_EQ(ergebnis.grund, antwort.grund);
+        return ergebnis;
+    }
+
     // The item of one import with the given query; nullptr when none was made.
     FKRPosten *importiere(const QString &query)
     {
         const qsizetype vorher = editor.ausgewaehlt.size();
-        import.handleGetUrlEvent(u"velmora://importRechnungsPosten?"_s + query);
-        return editor.ausgewaehlt.size() > vorher ? editor.ausgewaehlt.last() : nullptr;
+        const bool gespeichert = sende(u"velmora://importRechnungsPosten?"_s + query).erledigt;
+        FKRPosten *posten = editor.ausgewaehlt.size() > vorher ? editor.ausgewaehlt.last() : nullptr;
+        EXPECT_EQ(gespeichert, posten != nullptr) << query.toStdString();
+        return posten;
     }
 };
 
@@ -142,11 +165,16 @@ TEST_F(UrlImport, NurDasSchemaMitGenauDiesemHostZaehltUndOhneEditorKommtEinHinwe
     editorOffen = false;
     for (const QString &url : {u""_s, u"kein url"_s, u"velmora://importrechnungsposten?auftrag=x"_s,
                                u"https://importRechnungsPosten?auftrag=x"_s, u"velmora:importRechnungsPosten?x"_s,
-                               u"velmora://import Rechnungsposten?x"_s, u"velmora://importRechnungsPostenX"_s})
-        import.handleGetUrlEvent(url);
+                               u"velmora://import Rechnungsposten?x"_s, u"velmora://importRechnungsPostenX"_s}) {
+        EXPECT_FALSE(sende(url).erledigt);
+        EXPECT_TRUE(antwort.grund.startsWith(u"not a URL of the form velmora://importRechnungsPosten"_s)) << antwort.grund.toStdString();
+    }
     EXPECT_TRUE(presenter.alerts.isEmpty());
-    for (const QString &url : {u"VelMora://importRechnungsPosten"_s, u"velmora://ich@importRechnungsPosten:80/p?auftrag=x#f"_s})
-        import.handleGetUrlEvent(url);
+    for (const QString &url : {u"VelMora://importRechnungsPosten"_s, u"velmora://ich@importRechnungsPosten:80/p?auftrag=x#f"_s}) {
+        EXPECT_FALSE(sende(url).erledigt);
+        EXPECT_TRUE(antwort.grund.startsWith(u"no document is open"_s)) << antwort.grund.toStdString();
+        EXPECT_EQ(alertsVorDerAntwort, presenter.alerts.size() - 1) << "the sender learns it before the alert";
+    }
     ASSERT_EQ(presenter.alerts.size(), 2);
     EXPECT_EQ(presenter.alerts[0].titelSchluessel, u"ALERT_TITLE_RECHNUNG_OEFFNEN_FUER_IMPORT"_s);
     EXPECT_EQ(presenter.alerts[0].textSchluessel, u"ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT"_s);
@@ -155,7 +183,7 @@ TEST_F(UrlImport, NurDasSchemaMitGenauDiesemHostZaehltUndOhneEditorKommtEinHinwe
     // An editor without a document: nothing at all.
     editorOffen = true;
     editor.dokument = nullptr;
-    import.handleGetUrlEvent(u"velmora://importRechnungsPosten?auftraggeber=Acme"_s);
+    EXPECT_FALSE(sende(u"velmora://importRechnungsPosten?auftraggeber=Acme"_s).erledigt);
     EXPECT_EQ(presenter.alerts.size(), 2);
     EXPECT_EQ(moc.fetch<FKRPosten>().size(), 2);
     EXPECT_TRUE(moc.fetch<FKREmpfaenger>().isEmpty());
@@ -180,31 +208,83 @@ TEST_F(UrlImport, AnfrageWirdEinmalDekodiertDannZerlegt)
     EXPECT_EQ(posten->postenBeschreibung(), u" - 5%"_s);
 }
 
-TEST_F(UrlImport, StundenUndBetraegeNieAbsturzNieNaNImPosten)
+// Every value a tracker may send, and what the user finds: an item with the hours as the invoice
+// shows them and the unit price in cents, or nothing at all and the reason.
+TEST_F(UrlImport, WerteWerdenUebernommenOderDieGanzeUrlAbgelehnt)
 {
+    using M = FKRImportAnfrage::Mangel;
     struct Fall {
-        const char *stunden, *ertraege;
-        std::optional<Decimal> anzahl, einzelbetrag; // einzelbetrag nullopt: the new item's zero stays
+        QString query;
+        M mangel;
+        const char *anzahl = nullptr;       // nullptr: the item has no quantity
+        const char *einzelbetrag = nullptr; // nullptr: the new item's zero stays
+        QString schluessel = {};            // the refused key
     };
-    const Decimal riesig = dec("1e41") / Decimal(3600);
     const Fall faelle[] = {
-        {"5400.9", "120", dec("1.5"), dec("80")}, // cut to whole seconds
-        {"-5400", "120", dec("-1.5"), dec("-80")},
-        {"1,5", "120", {}, {}}, // "." only, whatever the locale
-        {"abc", "120", {}, {}},
-        {"5400", "viel", dec("1.5"), {}},
-        {"0.5", "120", Decimal(), {}}, // under a second: 0 hours, no division
-        {"1e40", "120", dec("1e40") / Decimal(3600), dec("120") / (dec("1e40") / Decimal(3600))},
-        {"99999999999999999999999999999999999999999", "1", riesig, Decimal(1) / riesig},
-        {"1e200", "120", {}, {}},                       // beyond any Decimal
-        {"1", "9e164", Decimal(1) / Decimal(3600), {}}, // the quotient beyond any Decimal
+        {u"summeStunden=5400.9&summeErtraege=120"_s, M::Keiner, "1.5", "80"}, // cut to whole seconds
+        {u"summeStunden=1000&summeErtraege=25"_s, M::Keiner, "0.28", "89.29"},
+        {u"summeStunden=18&summeErtraege=0.005"_s, M::Keiner, "0.01", "0.5"},
+        {u"summeStunden=3600000000&summeErtraege=0"_s, M::Keiner, "1000000", "0"},
+        {u"summeStunden=5400&summeErtraege=1000000000000"_s, M::Keiner, "1.5", "666666666666.67"},
+        {u"summeStunden=5400&summeErtraege=1e-127"_s, M::Keiner, "1.5", "0"},
+        {u"summeStunden=5400"_s, M::Keiner, "1.5"},
+        {u"summeErtraege=120"_s, M::Keiner},
+        {u"summeStunden=17&summeErtraege=1"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=1&summeErtraege=2"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=3600000001"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=-5400&summeErtraege=120"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=1,5"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=NaN"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden= 5400"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=1e200"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=5400&summeErtraege=-0.01"_s, M::Ertraege, nullptr, nullptr, u"summeErtraege"_s},
+        {u"summeStunden=5400&summeErtraege=viel"_s, M::Ertraege, nullptr, nullptr, u"summeErtraege"_s},
+        {u"summeStunden=5400&summeErtraege=1000000000000.01"_s, M::Ertraege, nullptr, nullptr, u"summeErtraege"_s},
+        {u"aufgabe=Layout%0AReview&summeStunden=5400"_s, M::Steuerzeichen, nullptr, nullptr, u"aufgabe"_s},
+        {u"auftrag=Web%0D"_s, M::Steuerzeichen, nullptr, nullptr, u"auftrag"_s},
+        {u"auftraggeber=Acme%00"_s, M::Steuerzeichen, nullptr, nullptr, u"auftraggeber"_s},
+        {u"startDatum=1.3.%0910:00"_s, M::Steuerzeichen, nullptr, nullptr, u"startDatum"_s},
+        {u"stopDatum=a%E2%80%A8b"_s, M::Steuerzeichen, nullptr, nullptr, u"stopDatum"_s},
+        {u"aufgabe=%C2%85&auftrag=%7F"_s, M::Steuerzeichen, nullptr, nullptr, u"aufgabe"_s},
+        {u"auftraggeberNotiz=Weg%00"_s, M::Steuerzeichen, nullptr, nullptr, u"auftraggeberNotiz"_s},
     };
+    const char *const alertTexte[] = {"", "ALERT_TEXT_IMPORT_STUNDEN_UNGUELTIG", "ALERT_TEXT_IMPORT_ERTRAEGE_UNGUELTIG",
+                                      "ALERT_TEXT_IMPORT_STEUERZEICHEN"};
     for (const Fall &fall : faelle) {
-        FKRPosten *posten = importiere(u"summeStunden=%1&summeErtraege=%2"_s.arg(QLatin1String(fall.stunden), QLatin1String(fall.ertraege)));
-        ASSERT_NE(posten, nullptr) << fall.stunden;
-        EXPECT_EQ(posten->anzahl(), fall.anzahl) << fall.stunden;
-        EXPECT_EQ(posten->einzelbetrag(), fall.einzelbetrag.value_or(Decimal())) << fall.stunden << " " << fall.ertraege;
+        SCOPED_TRACE(fall.query.toStdString());
+        const int gespeichert = speicherungen;
+        const qsizetype posten = moc.fetch<FKRPosten>().size();
+        const qsizetype alerts = presenter.alerts.size();
+        FKRPosten *neu = importiere(fall.query);
+        if (fall.mangel == M::Keiner) {
+            ASSERT_NE(neu, nullptr);
+            EXPECT_TRUE(antwort.erledigt);
+            EXPECT_EQ(neu->anzahl(), fall.anzahl ? std::optional(dec(fall.anzahl)) : std::nullopt);
+            EXPECT_EQ(neu->einzelbetrag(), dec(fall.einzelbetrag ? fall.einzelbetrag : "0"));
+            EXPECT_EQ(presenter.alerts.size(), alerts);
+            continue;
+        }
+        // Refused as a whole: nothing made, nothing saved, the sender and the user learn why.
+        EXPECT_EQ(neu, nullptr);
+        EXPECT_EQ(moc.fetch<FKRPosten>().size(), posten);
+        EXPECT_EQ(speicherungen, gespeichert);
+        EXPECT_FALSE(moc.hasChanges());
+        EXPECT_TRUE(antwort.grund.startsWith(fall.schluessel + u' ')) << antwort.grund.toStdString();
+        ASSERT_EQ(presenter.alerts.size(), alerts + 1);
+        EXPECT_EQ(alertsVorDerAntwort, alerts);
+        EXPECT_EQ(presenter.alerts.last().titelSchluessel, u"ALERT_TITLE_IMPORT_ABGELEHNT"_s);
+        EXPECT_EQ(presenter.alerts.last().textSchluessel, QLatin1String(alertTexte[int(fall.mangel)]));
+        EXPECT_EQ(presenter.alerts.last().zusatzText, fall.schluessel);
     }
+
+    // The note is an address: its line breaks (any convention) and tabs stay, as line feeds.
+    ASSERT_NE(importiere(u"auftraggeber=Neu&auftraggeberNotiz=Weg 1%0D%0A12345 Ort%0DDE%09x"_s), nullptr);
+    EXPECT_EQ(editor.dokument->empfaenger()->notiz(), u"Weg 1\n12345 Ort\nDE\tx"_s);
+
+    // A save that fails is no stored item.
+    speichernGelingt = false;
+    EXPECT_FALSE(sende(u"velmora://importRechnungsPosten?summeStunden=5400"_s).erledigt);
+    EXPECT_EQ(antwort.grund, u"the item could not be saved"_s);
 }
 
 class ImportImModell : public StoreFixture
@@ -235,6 +315,10 @@ TEST_F(ImportImModell, WendetDieRegelnAnUndFindetEmpfaengerUeberAlle)
         zweiter->setzeImportPostenDetailsFuerWithQuery(u"auftraggeber=Neu GmbH&auftraggeberNotiz=Weg 3"_s, rechnung,
                                                        moc.managedObjectModel(), moc);
         zweiter->setzeImportPostenDetailsFuerWithQuery(u"auftrag=Web"_s, rechnung, moc.managedObjectModel(), moc);
+        // A refused request changes neither the item nor the recipients.
+        EXPECT_FALSE(zweiter->setzeImportPostenDetailsFuerWithQuery(u"auftraggeber=Boese&auftrag=X&summeStunden=-1"_s,
+                                                                    rechnung, moc.managedObjectModel(), moc));
+        EXPECT_EQ(zweiter->postenBezeichnung(), u" Web "_s);
         save(moc);
     }
     OpenStore store(path);

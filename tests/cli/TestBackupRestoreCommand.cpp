@@ -2,8 +2,8 @@
 // read back through a restore, and the refusals that must leave the store as it was.
 #include "../model/StoreTestSupport.h"
 
+#include "FKRDatenOrdnerSperre.h"
 #include "FKRUhr.h"
-#include "FKRUrlEmpfang.h"
 #include "QBBenutzerEinstellungen.h"
 #include "CliLauf.h"
 
@@ -146,9 +146,9 @@ TEST_F(BackupRestore, WiederherstellungVerweigertUndLaesstDenStoreStehen)
     const Lauf abgeschnitten = starte({"restore", kaputt});
     EXPECT_EQ(abgeschnitten.status, 2) << abgeschnitten.err;
 
-    // While the program runs.
-    FKRUrlEmpfang laufendesProgramm;
-    ASSERT_TRUE(laufendesProgramm.lausche(FKRUrlEmpfang::socketName(datenOrdner())));
+    // While the program runs (it holds the data folder's lock).
+    FKRDatenOrdnerSperre laufendesProgramm;
+    ASSERT_EQ(laufendesProgramm.sperre(datenOrdner()), FKRDatenOrdnerSperre::Ergebnis::Gehalten);
     const Lauf waehrendEsLaeuft = starte({"restore", archiv});
     EXPECT_EQ(waehrendEsLaeuft.status, 1);
     EXPECT_NE(waehrendEsLaeuft.err.find("running"), std::string::npos) << waehrendEsLaeuft.err;

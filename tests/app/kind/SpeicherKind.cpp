@@ -1,6 +1,10 @@
 // A program that saves documents one after the other through the application's save operation
 // and reports each save that returned on stdout ("gespeichert N"), until it is killed. The crash
 // test kills it at a random moment and checks the store it leaves behind.
+//
+// With "--halten" it only opens the store, reports "offen" and keeps it open until its standard
+// input closes: the other program on one data folder. Alerts go to stderr as "alert KEY"; a
+// store it may not open ends it with status 1.
 
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
@@ -40,6 +44,13 @@ int main(int argc, char **argv)
     StillerPresenter presenter;
     FKRAppDelegate delegate(presenter);
     ManagedObjectContext *moc = delegate.managedObjectContext();
+    if (app.arguments().contains(QStringLiteral("--halten"))) {
+        std::printf("offen\n");
+        std::fflush(stdout);
+        while (std::getchar() != EOF) {
+        }
+        return 0;
+    }
     qint64 n = moc->fetch<FKRRechnung>().size();
     for (;;) {
         ++n;
