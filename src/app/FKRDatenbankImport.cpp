@@ -2,9 +2,8 @@
 
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
-#include "FKRDatensicherung.h"
+#include "FKRStoreEinspielung.h"
 #include "FKRSyncKoordinator.h"
-#include "FKRZipArchiv.h"
 #include "ManagedObject.h"
 #include "ManagedObjectContext.h"
 #include "ManagedObjectModel.h"
@@ -114,9 +113,10 @@ void FKRDatenbankImport::entpackeArchiv()
         beende();
         return;
     }
+    // The archive's store is opened as a store of ours before it may replace anything.
+    FKRStoreEinspielung einspielung(m_delegate.applicationDocumentsDirectory(), m_grenzen);
     QString fehler;
-    const FKRZipArchiv::Ergebnis ergebnis = FKRZipArchiv::entpackeSicher(
-        m_archiv, m_delegate.applicationDocumentsDirectory(), FKRDatensicherung::storeDateiNamen(), &fehler);
+    const FKRZipArchiv::Ergebnis ergebnis = einspielung.pruefe(m_archiv, &fehler);
     if (ergebnis == FKRZipArchiv::Ergebnis::Abgelehnt) {
         // Nothing of the archive was written; the (emptied) store files are as they were.
         qWarning().noquote() << "Import refused:" << m_archiv << fehler;
@@ -124,10 +124,10 @@ void FKRDatenbankImport::entpackeArchiv()
         beende();
         return;
     }
-    if (ergebnis == FKRZipArchiv::Ergebnis::SchreibFehler)
-        qWarning().noquote() << "Import could not write the store files:" << fehler;
-    else
+    if (ergebnis == FKRZipArchiv::Ergebnis::Erfolg && einspielung.setzeEin(&fehler))
         m_delegate.storeDateienWurdenErsetzt();
+    else
+        qWarning().noquote() << "Import could not write the store files:" << fehler;
 
     m_delegate.presenter().zeigeAlert({QStringLiteral("ALERT_TITLE_HINWEIS"), QStringLiteral("DATABASE_IMPORT_SUCCESSFUL"),
                                        {QStringLiteral("BUTTON_TITLE_CLOSE")}});

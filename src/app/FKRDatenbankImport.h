@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FKRZipArchiv.h"
+
 #include <QObject>
 #include <QString>
 
@@ -24,6 +26,9 @@ public:
     // How long each of the two waits for the sync engine lasts (10 s).
     void setWartezeit(std::chrono::milliseconds wartezeit) { m_wartezeit = wartezeit; }
 
+    // How much the archive may unpack to.
+    void setGrenzen(const FKRZipArchiv::Grenzen &grenzen) { m_grenzen = grenzen; }
+
     // Starts the sequence; ignored while one is running.
     void datenbankImportButtonSelected();
 
@@ -47,4 +52,5 @@ private:
     std::chrono::milliseconds m_wartezeit{10000};
     Zustand m_zustand = Zustand::Bereit;
     QString m_archiv;
+    FKRZipArchiv::Grenzen m_grenzen;
 };

@@ -1,12 +1,12 @@
 #include "FKRDatensicherung.h"
 
+#include "FKRArbeitsSperre.h"
 #include "FKRDatensicherungQuelle.h"
 #include "FKRZipArchiv.h"
 #include "PersistentStoreCoordinator.h"
 #include "QBDatumsTexte.h"
 
 #include <QFile>
-#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
@@ -131,15 +131,10 @@ FKRDatensicherung::Auftrag FKRDatensicherung::auftrag(const QString &ziel, bool 
 
 void FKRDatensicherung::raeumeLiegengebliebenesAuf(const QString &ordner)
 {
-    // Drafts and snapshots of a backup that was cut short (the program was killed meanwhile).
-    // No backup takes an hour, so older ones belong to nobody; younger ones may be another
-    // process's backup in progress and stay.
-    const QDateTime grenze = QDateTime::currentDateTimeUtc().addSecs(-3600);
-    const QFileInfoList reste = QDir(ordner).entryInfoList({QStringLiteral(".DataBackup-*")}, QDir::Files | QDir::Hidden);
-    for (const QFileInfo &rest : reste) {
-        if (rest.lastModified().toUTC() < grenze)
-            QFile::remove(rest.absoluteFilePath());
-    }
+    // Drafts, their growing archives and store copies of a backup that was cut short (the
+    // process was killed meanwhile); those another process is still writing are locked by it.
+    FKRArbeitsSperre::raeumeAuf(ordner, {QStringLiteral(".DataBackup-??????.part"), QStringLiteral("..DataBackup-??????.part.??????.part"),
+                                         QStringLiteral(".DataBackup-??????.storedata")});
 }
 
 void FKRDatensicherung::starte(const QDateTime &moment)
@@ -178,6 +173,7 @@ bool FKRDatensicherung::erstelleJetzt(const QString &archivPfad, QString *fehler
 {
     QString archiv;
     QString grund;
+    raeumeLiegengebliebenesAuf(QFileInfo(archivPfad).absolutePath());
     const bool ok = sichere(auftrag(QFileInfo(archivPfad).absoluteFilePath(), true), &archiv, &grund);
     if (fehler)
         *fehler = ok ? QString() : grund;
@@ -231,6 +227,7 @@ bool FKRDatensicherung::sichere(const Auftrag &auftrag, QString *archivPfad, QSt
         *fehler = QStringLiteral("cannot write into the backups folder %1: %2").arg(ordner, entwurf.errorString());
         return false;
     }
+    const FKRArbeitsSperre entwurfGesperrt(entwurf.fileName());
     entwurf.close();
     // Now and then the read looks whether a save has come in meanwhile; then the rest of the
     // file is not worth compressing and the copy is taken at once.
@@ -266,6 +263,7 @@ bool FKRDatensicherung::sichere(const Auftrag &auftrag, QString *archivPfad, QSt
                 *fehler = QStringLiteral("cannot write into the backups folder %1: %2").arg(ordner, kopie.errorString());
                 return false;
             }
+            const FKRArbeitsSperre kopieGesperrt(kopie.fileName());
             kopie.close();
             if (!quelle->kopiere(kopie.fileName(), fehler))
                 return false;

@@ -1,5 +1,7 @@
 #include "FKRZipArchiv.h"
 
+#include "FKRArbeitsSperre.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
@@ -150,6 +152,8 @@ bool FKRZipArchiv::erstelle(const QString &archivPfad, const QList<Eintrag> &ein
     QTemporaryFile teil(ziel.absolutePath() + QStringLiteral("/.") + ziel.fileName() + QStringLiteral(".XXXXXX.part"));
     if (!teil.open())
         return melde(fehler, QStringLiteral("cannot create an archive in %1: %2").arg(ziel.absolutePath(), teil.errorString()));
+    // Held until the archive has its name: the draft is this run's, not a killed run's leftover.
+    const FKRArbeitsSperre sperre(teil.fileName());
     teil.close();
     const QByteArray teilPfad = QFile::encodeName(teil.fileName());
     zipFile zip = zipOpen64(teilPfad.constData(), APPEND_STATUS_CREATE);

@@ -4,16 +4,21 @@
 
 #include "FKRZipArchiv.h"
 
+#include "FKRArbeitsSperre.h"
+
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 #include <QTemporaryFile>
 
 #include <minizip/unzip.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -127,8 +132,29 @@ QString pruefeEintrag(unzFile zip, const QStringList &erlaubteNamen, unz_file_in
     return name;
 }
 
-// The whole archive: every entry allowed, none twice, each one readable with a right checksum.
-bool pruefeArchiv(unzFile zip, const QStringList &erlaubteNamen, QStringList *namen, QString *grund)
+// How many bytes the entries of an archive of `archivGroesse` bytes may unpack to.
+quint64 erlaubteGroesse(const FKRZipArchiv::Grenzen &grenzen, qint64 archivGroesse)
+{
+    const auto verhaeltnis = quint64(std::max<qint64>(grenzen.verhaeltnis, 0));
+    const auto archiv = quint64(std::max<qint64>(archivGroesse, 0));
+    const quint64 nachVerhaeltnis = verhaeltnis != 0 && archiv > std::numeric_limits<quint64>::max() / verhaeltnis
+                                        ? std::numeric_limits<quint64>::max()
+                                        : archiv * verhaeltnis;
+    return std::min(quint64(std::max<qint64>(grenzen.hoechstens, 0)),
+                    std::max(quint64(std::max<qint64>(grenzen.ohneVerhaeltnis, 0)), nachVerhaeltnis));
+}
+
+struct Inhalt {
+    QStringList namen;
+    QList<ZPOS64_T> groessen;
+    quint64 gesamt = 0;
+};
+
+// The whole archive: every entry allowed, none twice, all within `erlaubt` bytes, each one
+// readable with a right checksum. The sizes are those the archive declares: minizip never hands
+// out more than an entry declares, and one that unpacks to less fails the check, so a bomb is
+// refused before any of it is unpacked.
+bool pruefeArchiv(unzFile zip, const QStringList &erlaubteNamen, quint64 erlaubt, Inhalt *inhalt, QString *grund)
 {
     int rc = unzGoToFirstFile(zip);
     if (rc == UNZ_END_OF_LIST_OF_FILE) {
@@ -140,13 +166,19 @@ bool pruefeArchiv(unzFile zip, const QStringList &erlaubteNamen, QStringList *na
         const QString name = pruefeEintrag(zip, erlaubteNamen, info, grund);
         if (name.isEmpty())
             return false;
-        if (namen->contains(name)) {
+        if (inhalt->namen.contains(name)) {
             *grund = QStringLiteral("the archive holds \"%1\" twice").arg(name);
+            return false;
+        }
+        if (info.uncompressed_size > erlaubt - inhalt->gesamt) {
+            *grund = QStringLiteral("the archive would unpack to more than the %1 bytes allowed for its size").arg(erlaubt);
             return false;
         }
         if (leseEintrag(zip, info.uncompressed_size, {}, grund) != Lesen::Ok)
             return false;
-        namen->append(name);
+        inhalt->namen.append(name);
+        inhalt->groessen.append(info.uncompressed_size);
+        inhalt->gesamt += info.uncompressed_size;
         rc = unzGoToNextFile(zip);
     }
     if (rc != UNZ_END_OF_LIST_OF_FILE) {
@@ -159,7 +191,8 @@ bool pruefeArchiv(unzFile zip, const QStringList &erlaubteNamen, QStringList *na
 } // namespace
 
 FKRZipArchiv::Ergebnis FKRZipArchiv::entpackeSicher(const QString &archivPfad, const QString &zielOrdner,
-                                                    const QStringList &erlaubteNamen, QString *fehler)
+                                                    const QStringList &erlaubteNamen, QString *fehler,
+                                                    const Grenzen &grenzen)
 {
     QString grund;
     auto ende = [&](Ergebnis ergebnis, const QString &text) {
@@ -173,9 +206,10 @@ FKRZipArchiv::Ergebnis FKRZipArchiv::entpackeSicher(const QString &archivPfad, c
     UnzipDatei zip{unzOpen64(QFile::encodeName(archivPfad).constData())};
     if (!zip.datei)
         return ende(Ergebnis::Abgelehnt, QStringLiteral("%1 is not a readable zip archive").arg(archivPfad));
-    QStringList namen;
-    if (!pruefeArchiv(zip.datei, erlaubteNamen, &namen, &grund))
+    Inhalt inhalt;
+    if (!pruefeArchiv(zip.datei, erlaubteNamen, erlaubteGroesse(grenzen, archiv.size()), &inhalt, &grund))
         return ende(Ergebnis::Abgelehnt, grund);
+    const QStringList &namen = inhalt.namen;
     // Side files without the file they belong to would be put next to a store they do not fit.
     if (!erlaubteNamen.isEmpty() && !namen.contains(erlaubteNamen.first()))
         return ende(Ergebnis::Abgelehnt, QStringLiteral("the archive holds no %1").arg(erlaubteNamen.first()));
@@ -184,6 +218,11 @@ FKRZipArchiv::Ergebnis FKRZipArchiv::entpackeSicher(const QString &archivPfad, c
     if (!ordner.isDir())
         return ende(Ergebnis::SchreibFehler, QStringLiteral("%1 is not a folder").arg(zielOrdner));
     const QString basis = ordner.absoluteFilePath() + QLatin1Char('/');
+    const qint64 frei = QStorageInfo(ordner.absoluteFilePath()).bytesAvailable();
+    if (frei >= 0 && inhalt.gesamt + quint64(std::max<qint64>(grenzen.freiLassen, 0)) > quint64(frei))
+        return ende(Ergebnis::SchreibFehler, QStringLiteral("not enough free space in %1 for the %2 bytes of the archive")
+                                                 .arg(zielOrdner)
+                                                 .arg(inhalt.gesamt));
     // A file that is there is replaced by a rename; a folder under a store file's name would make
     // that rename fail halfway through, after other files were already replaced.
     for (const QString &name : std::as_const(namen)) {
@@ -193,15 +232,20 @@ FKRZipArchiv::Ergebnis FKRZipArchiv::entpackeSicher(const QString &archivPfad, c
 
     // Every entry first goes into a temporary file of the target folder and onto the disk; the
     // temporary files vanish with their objects unless they were renamed into place.
+    // Each is locked while it is this run's: a later run removes only what a killed one left.
     std::vector<std::unique_ptr<QTemporaryFile>> neue;
+    std::vector<std::unique_ptr<FKRArbeitsSperre>> sperren;
     int rc = unzGoToFirstFile(zip.datei);
-    for (const QString &name : std::as_const(namen)) {
+    for (qsizetype i = 0; i < namen.size(); ++i) {
+        const QString &name = namen[i];
         unz_file_info64 info{};
-        if (rc != UNZ_OK || pruefeEintrag(zip.datei, erlaubteNamen, info, &grund) != name)
+        if (rc != UNZ_OK || pruefeEintrag(zip.datei, erlaubteNamen, info, &grund) != name
+            || info.uncompressed_size != inhalt.groessen[i])
             return ende(Ergebnis::Abgelehnt, QStringLiteral("the archive changed while it was read"));
         auto datei = std::make_unique<QTemporaryFile>(basis + QLatin1Char('.') + name + QStringLiteral(".XXXXXX"));
         if (!datei->open())
             return ende(Ergebnis::SchreibFehler, QStringLiteral("cannot write into %1: %2").arg(zielOrdner, datei->errorString()));
+        sperren.push_back(std::make_unique<FKRArbeitsSperre>(datei->fileName()));
         const Lesen gelesen = leseEintrag(zip.datei, info.uncompressed_size, [&datei](const char *daten, int laenge) {
             return datei->write(daten, laenge) == laenge;
         }, &grund);

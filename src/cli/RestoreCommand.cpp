@@ -3,8 +3,8 @@
 #include "FKRAppDelegate.h"
 #include "FKRDatenOrdnerSperre.h"
 #include "FKRDatensicherung.h"
+#include "FKRStoreEinspielung.h"
 #include "FKRUhr.h"
-#include "FKRZipArchiv.h"
 #include "PersistentStoreCoordinator.h"
 #include "QBBenutzerEinstellungen.h"
 
@@ -21,14 +21,19 @@ std::string_view RestoreCommand::summary() const
 std::string_view RestoreCommand::description() const
 {
     return "Checks the archive completely (only the store files at its top level, every entry\n"
-           "intact) and then puts its files in place of the store files of the data folder, each\n"
-           "one atomically. Before that the current store is backed up into the backups folder, so\n"
-           "nothing is lost. Sync is switched off and the next start gives every restored object a\n"
-           "new identity, as after an import in the program's settings.\n"
+           "intact, unpacking to no more than a hundred times its size beyond 64 MB) and unpacks\n"
+           "it next to the store, where its store must open as a store of this version: an intact\n"
+           "SQLite file with the program's metadata, of a schema version it reads, that can be\n"
+           "brought to the current schema. Only then is the current store backed up into the\n"
+           "backups folder and the archive's files put in place of the store files, each one\n"
+           "atomically. Sync is switched off and the next start gives every restored object a new\n"
+           "identity, as after an import in the program's settings.\n"
            "\n"
            "Refuses while Velmora Rechnungen is running: quit it first. Exit status 0 on success,\n"
-           "1 when the program runs or files could not be written, 2 for an archive that is not a\n"
-           "sound backup (wrong extension, damaged, unexpected entries) or wrong arguments.\n";
+           "1 when the program runs or files could not be written (a full disk among them), 2 for\n"
+           "an archive that is not a sound backup of a usable store (wrong extension, damaged,\n"
+           "unexpected entries, too big, a store that is no store of ours or of a newer version;\n"
+           "nothing is changed then) or wrong arguments.\n";
 }
 
 int RestoreCommand::execute(const QStringList &arguments, CommandStreams &io)
@@ -68,13 +73,27 @@ int RestoreCommand::execute(const QStringList &arguments, CommandStreams &io)
         return kExitFailure;
     }
 
+    // The archive's store is checked before anything else happens: a refused archive leaves no
+    // backup behind and the store exactly as it was.
+    FKRStoreEinspielung einspielung(datenOrdner, m_grenzen);
+    QString fehler;
+    switch (einspielung.pruefe(archiv, &fehler)) {
+    case FKRZipArchiv::Ergebnis::Abgelehnt:
+        printError(io.err, "refused " + archiv.toStdString() + ": " + fehler.toStdString());
+        return kExitUsage;
+    case FKRZipArchiv::Ergebnis::SchreibFehler:
+        printError(io.err, "the archive could not be unpacked, the store is unchanged: " + fehler.toStdString());
+        return kExitFailure;
+    case FKRZipArchiv::Ergebnis::Erfolg:
+        break;
+    }
+
     const QString store = QDir(datenOrdner).filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
     if (QFileInfo(store).isFile()) {
         const QString sicherungen = QDir(datenOrdner).filePath(QStringLiteral("dataBackups"));
         QDir().mkpath(sicherungen);
         const QString vorher = FKRDatensicherung::freierArchivPfad(sicherungen, FKRUhr::jetzt());
         FKRDatensicherung sicherung(datenOrdner, sicherungen);
-        QString fehler;
         if (!sicherung.erstelleJetzt(vorher, &fehler)) {
             printError(io.err, "the current store could not be backed up, nothing was restored: " + fehler.toStdString());
             return kExitFailure;
@@ -82,16 +101,9 @@ int RestoreCommand::execute(const QStringList &arguments, CommandStreams &io)
         io.out << "Current store backed up to " << vorher.toStdString() << '\n';
     }
 
-    QString fehler;
-    switch (FKRZipArchiv::entpackeSicher(archiv, datenOrdner, FKRDatensicherung::storeDateiNamen(), &fehler)) {
-    case FKRZipArchiv::Ergebnis::Abgelehnt:
-        printError(io.err, "refused " + archiv.toStdString() + ": " + fehler.toStdString());
-        return kExitUsage;
-    case FKRZipArchiv::Ergebnis::SchreibFehler:
+    if (!einspielung.setzeEin(&fehler)) {
         printError(io.err, "the store files could not be written, the store is unchanged: " + fehler.toStdString());
         return kExitFailure;
-    case FKRZipArchiv::Ergebnis::Erfolg:
-        break;
     }
 
     QBBenutzerEinstellungen *einstellungen = QBBenutzerEinstellungen::sharedInstance();

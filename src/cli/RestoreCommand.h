@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Command.h"
+#include "FKRZipArchiv.h"
 
 // velmora-cli restore: puts the store of a backup archive in place of the user's store while
 // the program is not running, after backing up the current store. The next start of the
@@ -13,4 +14,10 @@ public:
     std::string_view summary() const override;
     std::string_view description() const override;
     int execute(const QStringList &arguments, CommandStreams &io) override;
+
+    // How much an archive may unpack to (tests lower the bounds instead of writing gigabytes).
+    void setGrenzen(const FKRZipArchiv::Grenzen &grenzen) { m_grenzen = grenzen; }
+
+private:
+    FKRZipArchiv::Grenzen m_grenzen;
 };

@@ -5,6 +5,7 @@
 #include "StoreError.h"
 
 #include <algorithm>
+#include <limits>
 
 ManagedObjectContext::ManagedObjectContext(PersistentStoreCoordinator *coordinator, const ManagedObjectModel &model)
     : m_model(model), m_coordinator(coordinator)
@@ -22,7 +23,9 @@ ManagedObject *ManagedObjectContext::registerLoadedObject(const EntityDescriptio
     m_objects.emplace_back(object);
     m_registered[entity.name()].append(object);
     qint64 &next = m_nextPrimaryKey[entity.name()];
-    next = std::max(next, primaryKey + 1);
+    // A key at the very top (only a foreign or tampered file has one) leaves no key above it;
+    // the next insert then fails its save instead of wrapping around.
+    next = std::max(next, primaryKey < std::numeric_limits<qint64>::max() ? primaryKey + 1 : primaryKey);
     return object;
 }
 

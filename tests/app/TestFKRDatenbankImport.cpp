@@ -1,6 +1,6 @@
 #include "AppTestSupport.h"
 #include "SkriptPresenter.h"
-#include "../model/StoreTestSupport.h"
+#include "UnbrauchbareArchive.h"
 
 #include "FKRAppDelegate.h"
 #include "FKRDatenbankImport.h"
@@ -146,6 +146,34 @@ TEST_F(DatenbankImport, GefaehrlichesArchivWirdAbgelehntOhneEtwasZuSchreiben)
     EXPECT_FALSE(beendenAngefordert);
 }
 
+TEST_F(DatenbankImport, EinArchivOhneBrauchbarenStoreWirdAbgelehntOhneEtwasZuAendern)
+{
+    // Emptied beforehand, so that the import's own emptying writes nothing.
+    ManagedObjectContext *moc = delegate->managedObjectContext();
+    for (const char *entitaet : {"FKRRechnung", "FKRPosten", "FKREmpfaenger", "FKRAbsender"}) {
+        for (ManagedObject *objekt : moc->executeFetchRequest({QString::fromLatin1(entitaet), {}, {}}))
+            moc->deleteObject(objekt);
+    }
+    delegate->saveAction();
+    delegate->dataBackupsDirectory();
+    import->setGrenzen(ziptest::testGrenzen());
+    const QString archiv = quelle.path() + "/fremd.fks";
+    const QMap<QString, QByteArray> vorher = ziptest::baum(heimat.datenOrdner());
+    for (const ziptest::UnbrauchbaresArchiv &fall : ziptest::unbrauchbareArchive()) {
+        SCOPED_TRACE(fall.was);
+        ziptest::baueStoreArchiv(archiv, fall.store(quelle.path()));
+        presenter.alerts.clear();
+        presenter.antworten = {kErsterKnopf};
+        presenter.panelAntworten = {QStringList{archiv}};
+        import->datenbankImportButtonSelected();
+        warteAufEnde();
+        EXPECT_EQ(presenter.alertTexte(), (QStringList{"ALERT_TEXT_REALLY_IMPORT_DATABASE", "DATABASE_IMPORT_PROBLEM"}));
+        EXPECT_EQ(ziptest::unterschiede(vorher, ziptest::baum(heimat.datenOrdner())), "");
+    }
+    EXPECT_FALSE(beendenAngefordert);
+    EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
+}
+
 TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueIdentitaeten)
 {
     const QString archiv = fremdesArchiv(QStringLiteral("23.11.26, 10-15-DataBackup.fks"));
@@ -177,9 +205,17 @@ TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueId
     delegate.reset();
     QFile::remove(heimat.datenOrdner() + "/VelmoraRechnungen.storedata-wal");
 
+    // What a killed import left next to the store goes at the next start.
+    const QString rest = heimat.datenOrdner() + "/.VelmoraRechnungen.storedata.Ab12Cd";
+    {
+        QFile datei(rest);
+        ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(datei.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    }
     FKRAppDelegate neuStart(presenter);
     neuStart.setProzessEnde([](int status) { throw ProzessEnde{status}; });
     neuStart.applicationDidFinishLaunching();
+    EXPECT_FALSE(QFileInfo::exists(rest));
     neuStart.warteAufDatensicherung();
     const auto rechnungen = neuStart.managedObjectContext()->fetch<FKRRechnung>();
     ASSERT_EQ(rechnungen.size(), 1);

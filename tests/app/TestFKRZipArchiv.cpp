@@ -3,6 +3,7 @@
 #include "ZipTestSupport.h"
 
 #include <QDateTime>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -209,9 +210,25 @@ TEST_F(FKRZipArchivTest, UnsichereOderBeschaedigteArchiveWerdenAbgelehntOhneEtwa
     }
     EXPECT_EQ(FKRZipArchiv::entpackeSicher(pfad(QStringLiteral("gibt-es-nicht.fks")), ziel, kStoreNamen), Ergebnis::Abgelehnt);
 
-    // The sound archive that all of them start with is taken.
-    baueArchiv(pfad(QStringLiteral("gut.fks")), {gut, {kWal.toUtf8(), "w"}});
-    EXPECT_EQ(FKRZipArchiv::entpackeSicher(pfad(QStringLiteral("gut.fks")), ziel, kStoreNamen), Ergebnis::Erfolg);
+    // The sound archive that all of them start with is taken, up to the byte within its bounds.
+    const QString gutesArchiv = pfad(QStringLiteral("gut.fks"));
+    baueArchiv(gutesArchiv, {gut, {kWal.toUtf8(), "w"}});
+    FKRZipArchiv::Grenzen knapp;
+    knapp.hoechstens = neu.size();
+    const QMap<QString, QByteArray> vorher = baum(wurzel.path());
+    QString fehler;
+    EXPECT_EQ(FKRZipArchiv::entpackeSicher(gutesArchiv, ziel, kStoreNamen, &fehler, knapp), Ergebnis::Abgelehnt);
+    EXPECT_TRUE(fehler.contains(QStringLiteral("%1 bytes allowed").arg(neu.size()))) << fehler.toStdString();
+    // Beyond the floor, at most the ratio times the archive's size (this one hardly compresses).
+    FKRZipArchiv::Grenzen verhaeltnis;
+    verhaeltnis.ohneVerhaeltnis = 0;
+    verhaeltnis.verhaeltnis = 0;
+    EXPECT_EQ(FKRZipArchiv::entpackeSicher(gutesArchiv, ziel, kStoreNamen, nullptr, verhaeltnis), Ergebnis::Abgelehnt);
+    EXPECT_EQ(unterschiede(vorher, baum(wurzel.path())), "");
+    verhaeltnis.verhaeltnis = 1;
+    knapp.hoechstens = neu.size() + 1;
+    EXPECT_EQ(FKRZipArchiv::entpackeSicher(gutesArchiv, ziel, kStoreNamen, nullptr, verhaeltnis), Ergebnis::Erfolg);
+    EXPECT_EQ(FKRZipArchiv::entpackeSicher(gutesArchiv, ziel, kStoreNamen, nullptr, knapp), Ergebnis::Erfolg);
     EXPECT_EQ(lies(ziel + QLatin1Char('/') + kStore), neu);
 }
 
@@ -226,13 +243,18 @@ TEST_F(FKRZipArchivTest, SchreibFehlerLassenDieVorhandenenDateienWieSieWaren)
     EXPECT_EQ(FKRZipArchiv::entpackeSicher(archiv, pfad(QStringLiteral("fehlt")), kStoreNamen, &fehler), Ergebnis::SchreibFehler);
     EXPECT_FALSE(QFileInfo::exists(pfad(QStringLiteral("fehlt"))));
 
-    // A full disk while the big store is written.
+    // A full disk while the big store is written, and a disk without room for the archive
+    // (found before anything is written).
     QMap<QString, QByteArray> vorher = baum(wurzel.path());
     {
         const DateiGroessenGrenze grenze(1 << 20);
         EXPECT_EQ(FKRZipArchiv::entpackeSicher(archiv, ziel, kStoreNamen, &fehler), Ergebnis::SchreibFehler);
     }
     EXPECT_FALSE(fehler.isEmpty());
+    FKRZipArchiv::Grenzen platz;
+    platz.freiLassen = QStorageInfo(ziel).bytesAvailable();
+    EXPECT_EQ(FKRZipArchiv::entpackeSicher(archiv, ziel, kStoreNamen, &fehler, platz), Ergebnis::SchreibFehler);
+    EXPECT_TRUE(fehler.contains(QStringLiteral("free space"))) << fehler.toStdString();
     EXPECT_EQ(unterschiede(vorher, baum(wurzel.path())), "");
 
     // A folder where the last file should go: found before any file is replaced.

@@ -1,24 +1,61 @@
 // velmora-cli backup and restore: run in-process against a private data folder, the archives
 // read back through a restore, and the refusals that must leave the store as it was.
+#include "../app/UnbrauchbareArchive.h"
 #include "../model/StoreTestSupport.h"
 
+#include "FKRArbeitsSperre.h"
 #include "FKRDatenOrdnerSperre.h"
 #include "FKRUhr.h"
 #include "QBBenutzerEinstellungen.h"
 #include "CliLauf.h"
+#include "RestoreCommand.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <utime.h>
 
 namespace {
 
 Lauf starte(const QStringList &arguments)
 {
     return starteCli(arguments);
+}
+
+// A restore under bounds small enough for a test-sized zip bomb.
+Lauf stelleWiederHer(const QString &archiv)
+{
+    RestoreCommand restore;
+    restore.setGrenzen(ziptest::testGrenzen());
+    std::istringstream in;
+    std::ostringstream out, err;
+    CommandStreams io{in, out, err};
+    const int status = restore.execute({archiv}, io);
+    return {status, out.str(), err.str()};
+}
+
+// Everything in the data folder but the lock file that each run takes, which only marks it.
+QMap<QString, QByteArray> inhalt(const QString &ordner)
+{
+    QMap<QString, QByteArray> baum = ziptest::baum(ordner);
+    baum.remove("/.velmora.lock");
+    return baum;
+}
+
+// A work file of a run killed two hours ago.
+void altesWerkstueck(const QString &pfad, bool ordner)
+{
+    if (ordner)
+        ASSERT_TRUE(QDir().mkpath(pfad + "/innen"));
+    else
+        ziptest::schreibe(pfad, "halb");
+    const time_t vorZweiStunden = time(nullptr) - 7200;
+    const utimbuf zeiten{vorZweiStunden, vorZweiStunden};
+    ASSERT_EQ(utime(QFile::encodeName(pfad).constData(), &zeiten), 0);
 }
 
 class BackupRestore : public ::testing::Test
@@ -84,11 +121,19 @@ TEST_F(BackupRestore, SicherungLandetImSicherungsordnerOderWoDerNutzerWill)
     for (const QString &name : sicherungen())
         EXPECT_TRUE(name.endsWith("-DataBackup.fks")) << name.toStdString();
 
+    // Next to a file of the user's choice, the drafts of a killed backup go with the next one;
+    // one that another backup is still writing stays.
     QTemporaryDir woanders;
+    altesWerkstueck(woanders.path() + "/.DataBackup-Ab12Cd.part", false);
+    altesWerkstueck(woanders.path() + "/..DataBackup-Ab12Cd.part.Ef34Gh.part", false);
+    altesWerkstueck(woanders.path() + "/.DataBackup-Ij56Kl.part", false);
+    const FKRArbeitsSperre inArbeit(woanders.path() + "/.DataBackup-Ij56Kl.part");
     const QString datei = woanders.path() + "/mein.fks";
     const Lauf mitZiel = starte({"backup", "--out", datei});
     ASSERT_EQ(mitZiel.status, 0) << mitZiel.err;
     EXPECT_TRUE(QFileInfo(datei).size() > 0);
+    EXPECT_EQ(QDir(woanders.path()).entryList(QDir::Files | QDir::Hidden),
+              (QStringList{".DataBackup-Ij56Kl.part", "mein.fks"}));
     const Lauf inOrdner = starte({"backup", "--out=" + woanders.path()});
     ASSERT_EQ(inOrdner.status, 0) << inOrdner.err;
     EXPECT_EQ(QDir(woanders.path()).entryList({"*-DataBackup.fks"}, QDir::Files).size(), 1);
@@ -155,6 +200,54 @@ TEST_F(BackupRestore, WiederherstellungVerweigertUndLaesstDenStoreStehen)
 
     EXPECT_EQ(nummernImStore(), QStringList{"Bleibt"});
     EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
+}
+
+TEST_F(BackupRestore, EinArchivOhneBrauchbarenStoreWirdAbgelehntOhneEtwasZuAendern)
+{
+    legeStoreAn({"Bleibt"});
+    QTemporaryDir werkstatt;
+    const QString archiv = werkstatt.path() + "/fremd.fks";
+    const QMap<QString, QByteArray> vorher = inhalt(datenOrdner());
+    for (const ziptest::UnbrauchbaresArchiv &fall : ziptest::unbrauchbareArchive()) {
+        SCOPED_TRACE(fall.was);
+        ziptest::baueStoreArchiv(archiv, fall.store(werkstatt.path()));
+        const Lauf lauf = stelleWiederHer(archiv);
+        EXPECT_EQ(lauf.status, 2);
+        EXPECT_EQ(lauf.err.rfind("velmora-cli: refused ", 0), 0u) << lauf.err;
+        EXPECT_NE(lauf.err.find(fall.grund), std::string::npos) << lauf.err;
+        EXPECT_EQ(std::count(lauf.err.begin(), lauf.err.end(), '\n'), 1) << lauf.err;
+        // No backup of the current store, no unpacked files, the store byte for byte.
+        EXPECT_EQ(ziptest::unterschiede(vorher, inhalt(datenOrdner())), "");
+    }
+    EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
+
+    // A usable store whose last save is still in its write-ahead log: the log comes along and
+    // is folded into the store. What killed restores left goes; what one still holds stays.
+    const QString wal = werkstatt.path() + "/wal.storedata";
+    ziptest::schreibe(wal, ziptest::guterStore(werkstatt.path()));
+    QByteArray store, log;
+    {
+        storetest::RawSql roh(wal);
+        roh.mustExec("PRAGMA journal_mode = WAL; PRAGMA wal_autocheckpoint = 0;"
+                     "UPDATE FKRRechnung SET rechnungsNummer = 'Aus dem Log'");
+        store = ziptest::lies(wal);
+        log = ziptest::lies(wal + "-wal");
+    }
+    ASSERT_FALSE(log.isEmpty());
+    QFile::remove(archiv);
+    ziptest::baueArchiv(archiv, {{"VelmoraRechnungen.storedata", store}, {"VelmoraRechnungen.storedata-wal", log}});
+    altesWerkstueck(datenOrdner() + "/.VelmoraRechnungen.storedata.Ab12Cd", true);
+    altesWerkstueck(datenOrdner() + "/.VelmoraRechnungen.storedata-wal.Ef34Gh", false);
+    altesWerkstueck(datenOrdner() + "/.VelmoraRechnungen.storedata.Ij56Kl", true);
+    const FKRArbeitsSperre inArbeit(datenOrdner() + "/.VelmoraRechnungen.storedata.Ij56Kl");
+
+    const Lauf lauf = stelleWiederHer(archiv);
+    ASSERT_EQ(lauf.status, 0) << lauf.err;
+    EXPECT_EQ(nummernImStore(), QStringList{"Aus dem Log"});
+    EXPECT_EQ(sicherungen().size(), 1) << "the replaced store is backed up";
+    EXPECT_EQ(QStringList(inhalt(datenOrdner()).keys()).filter(QRegularExpression("^/[^/]*$")),
+              (QStringList{"/.VelmoraRechnungen.storedata.Ij56Kl", "/VelmoraRechnungen.storedata", "/dataBackups"}));
+    QBBenutzerEinstellungen::sharedInstance()->setDatenbankWurdeNeuImportiert(false);
 }
 
 } // namespace

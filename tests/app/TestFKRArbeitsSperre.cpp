@@ -1,0 +1,87 @@
+#include "FKRArbeitsSperre.h"
+
+#include "ZipTestSupport.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+using namespace ziptest;
+
+namespace {
+
+void setzeAlter(const QString &pfad, time_t sekunden)
+{
+    const time_t damals = std::time(nullptr) - sekunden;
+    const timespec zeiten[2] = {{damals, 0}, {damals, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(pfad).constData(), zeiten, AT_SYMLINK_NOFOLLOW), 0) << pfad.toStdString();
+}
+
+TEST(FKRArbeitsSperre, EntferntNurWasNiemandHaeltUndSichSeitEinerWeileNichtGeaendertHat)
+{
+    QTemporaryDir wurzel;
+    const QString ordner = wurzel.filePath(QStringLiteral("ordner"));
+    const QString draussen = wurzel.filePath(QStringLiteral("draussen.txt"));
+    ASSERT_TRUE(QDir().mkpath(ordner));
+    schreibe(draussen, "gehoert dem Nutzer");
+
+    enum Art { Datei, Ordner, Link };
+    struct Fall {
+        const char *name;
+        Art art;
+        time_t alter;
+        bool gehalten;
+        bool bleibt;
+    };
+    const Fall faelle[] = {
+        {".DataBackup-Alt001.part", Datei, 7200, false, false},
+        {".DataBackup-Min001.part", Datei, 61, false, false},   // a minute after it was made
+        {".DataBackup-Jung01.part", Datei, 5, false, true},     // may be about to be locked
+        {".DataBackup-Halt01.part", Datei, 7200, true, true},   // another run's work in progress
+        {".DataBackup-Link01.part", Link, 7200, false, false},  // the link goes, not its target
+        {".VelmoraRechnungen.storedata.Alt002", Ordner, 7200, false, false},
+        {".VelmoraRechnungen.storedata.Halt02", Ordner, 7200, true, true},
+        {".DataBackup-Alt001.partx", Datei, 7200, false, true}, // not a name of ours
+        {"VelmoraRechnungen.storedata", Datei, 7200, false, true},
+    };
+    std::vector<std::unique_ptr<FKRArbeitsSperre>> sperren;
+    for (const Fall &fall : faelle) {
+        const QString pfad = ordner + QLatin1Char('/') + QLatin1String(fall.name);
+        if (fall.art == Datei) {
+            schreibe(pfad, "halb");
+        } else if (fall.art == Link) {
+            ASSERT_TRUE(QFile::link(draussen, pfad));
+        } else {
+            ASSERT_TRUE(QDir().mkpath(pfad));
+            schreibe(pfad + QStringLiteral("/VelmoraRechnungen.storedata"), "entpackt");
+            // A link inside points out of the folder: it goes, what it points to stays.
+            ASSERT_TRUE(QFile::link(draussen, pfad + QStringLiteral("/VelmoraRechnungen.storedata-wal")));
+        }
+        if (fall.gehalten) {
+            sperren.push_back(std::make_unique<FKRArbeitsSperre>(pfad));
+            EXPECT_TRUE(sperren.back()->gehalten());
+        }
+        setzeAlter(pfad, fall.alter);
+    }
+
+    FKRArbeitsSperre::raeumeAuf(ordner, {QStringLiteral(".DataBackup-??????.part"),
+                                         QStringLiteral(".VelmoraRechnungen.storedata*.??????")});
+    for (const Fall &fall : faelle) {
+        const QFileInfo info(ordner + QLatin1Char('/') + QLatin1String(fall.name));
+        EXPECT_EQ(info.exists() || info.isSymLink(), fall.bleibt) << fall.name;
+    }
+    EXPECT_EQ(lies(draussen), "gehoert dem Nutzer");
+
+    // Once the other run lets go, its leftovers are nobody's.
+    sperren.clear();
+    FKRArbeitsSperre::raeumeAuf(ordner, {QStringLiteral(".DataBackup-Halt01.part")});
+    EXPECT_FALSE(QFileInfo::exists(ordner + QStringLiteral("/.DataBackup-Halt01.part")));
+    // One lock at a time: a second holder is refused while the first holds.
+    const FKRArbeitsSperre erste(draussen);
+    EXPECT_FALSE(FKRArbeitsSperre(draussen).gehalten());
+}
+
+} // namespace

@@ -1,0 +1,100 @@
+#pragma once
+
+// Backup archives that are sound zip archives but hold no usable store of ours, shared by the
+// tests of every road a store comes in by (velmora-cli restore, the settings screen's import).
+// Each case gives the store file's bytes and a word of the one-line reason it must be refused with.
+
+#include "../model/StoreTestSupport.h"
+#include "ZipTestSupport.h"
+
+#include "FKRZipArchiv.h"
+
+#include <functional>
+
+namespace ziptest {
+
+// Bounds small enough that a bomb of a few megabytes trips them; the good stores of the tests
+// stay well below.
+inline FKRZipArchiv::Grenzen testGrenzen()
+{
+    FKRZipArchiv::Grenzen grenzen;
+    grenzen.ohneVerhaeltnis = qint64(1) << 20;
+    return grenzen;
+}
+
+// A store as the program writes it, with documents whose texts fill a few pages.
+inline QByteArray guterStore(const QString &ordner, const QStringList &nummern = {QStringLiteral("Gut-1")})
+{
+    const QString pfad = ordner + QStringLiteral("/gut.storedata");
+    QFile::remove(pfad);
+    {
+        storetest::OpenStore offen(pfad);
+        for (const QString &nummer : nummern) {
+            auto *rechnung = offen.moc().insertNewObject<FKRRechnung>();
+            rechnung->setRechnungsNummer(nummer);
+            rechnung->setRechnungsText(QString(3000, QLatin1Char('x')));
+        }
+        EXPECT_TRUE(offen.moc().save());
+    }
+    return lies(pfad);
+}
+
+// A good store changed behind the program's back with `sql`.
+inline QByteArray veraenderterStore(const QString &ordner, const char *sql)
+{
+    guterStore(ordner, {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
+    const QString pfad = ordner + QStringLiteral("/gut.storedata");
+    {
+        storetest::RawSql roh(pfad);
+        roh.mustExec(sql);
+    }
+    return lies(pfad);
+}
+
+struct UnbrauchbaresArchiv {
+    const char *was;
+    const char *grund; // part of the reason given
+    std::function<QByteArray(const QString &ordner)> store;
+};
+
+inline QList<UnbrauchbaresArchiv> unbrauchbareArchive()
+{
+    return {
+        {"not SQLite", "not an SQLite database", [](const QString &) -> QByteArray { return "kein SQLite " + zufallsBytes(20000, 11); }},
+        {"truncated SQLite", "damaged", [](const QString &o) -> QByteArray {
+             const QByteArray store = veraenderterStore(o, "SELECT 1");
+             return store.left(store.size() / 2);
+         }},
+        {"SQLite of another program", "no store metadata", [](const QString &o) -> QByteArray {
+             const QString pfad = o + QStringLiteral("/fremd.sqlite");
+             storetest::RawSql roh(pfad, true);
+             roh.mustExec("CREATE TABLE moz_places (id INTEGER PRIMARY KEY, url TEXT); INSERT INTO moz_places VALUES (1, 'x')");
+             return lies(pfad);
+         }},
+        {"newer schema version", "newer version", [](const QString &o) -> QByteArray {
+             return veraenderterStore(o, "UPDATE VelmoraStoreMetadata SET value = '2' WHERE key = 'schemaVersion'");
+         }},
+        {"schema version no number", "no version number", [](const QString &o) -> QByteArray {
+             return veraenderterStore(o, "UPDATE VelmoraStoreMetadata SET value = 'zwei' WHERE key = 'schemaVersion'");
+         }},
+        {"missing metadata", "no store metadata", [](const QString &o) -> QByteArray { return veraenderterStore(o, "DROP TABLE VelmoraStoreMetadata"); }},
+        {"empty store file", "empty", [](const QString &) -> QByteArray { return QByteArray(); }},
+        {"a view that runs the maker's code", "view", [](const QString &o) -> QByteArray {
+             return veraenderterStore(o, "CREATE VIEW endlos AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n");
+         }},
+        {"migration fails", "current schema", [](const QString &o) -> QByteArray {
+             // The store lacks "skonto" in the program's spelling, and adding it clashes.
+             return veraenderterStore(o, "ALTER TABLE FKRRechnung RENAME COLUMN skonto TO Skonto");
+         }},
+        {"zip bomb", "bytes allowed", [](const QString &o) -> QByteArray { return guterStore(o) + QByteArray(8 << 20, '\0'); }},
+    };
+}
+
+// The archive of `store` as the only entry, as a backup of the program has it.
+inline void baueStoreArchiv(const QString &archiv, const QByteArray &store)
+{
+    QFile::remove(archiv);
+    baueArchiv(archiv, {{QByteArrayLiteral("VelmoraRechnungen.storedata"), store}});
+}
+
+} // namespace ziptest
