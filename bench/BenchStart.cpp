@@ -8,12 +8,16 @@
 //   BM_StartMitSicherung/edits:<0|1>  the delegate's start-up: backup started, store opened, while
 //                                  a 2 ms heartbeat on the main thread records its longest gap;
 //                                  with edits, a save every 100 ms while the archive is written
+//   BM_PruefeSicherung             the first step of a restore or import of that store's backup:
+//                                  unpacked within its bounds next to the store and opened there
+//                                  as a store of ours (integrity check, every object read)
 
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
 #include "FKRDatensicherung.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
+#include "FKRStoreEinspielung.h"
 #include "FKRZipArchiv.h"
 #include "ManagedObjectContext.h"
 #include "PersistentStoreCoordinator.h"
@@ -236,11 +240,30 @@ void BM_StartMitSicherung(benchmark::State &state)
     state.counters["saves"] = double(speicherungen);
 }
 
+void BM_PruefeSicherung(benchmark::State &state)
+{
+    const QString archiv = bestand().wurzel.filePath(QStringLiteral("pruefen.fks"));
+    QString fehler;
+    if (!FKRZipArchiv::erstelle(archiv, {{bestand().store(), QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName)}}, &fehler)) {
+        state.SkipWithError(fehler.toUtf8().constData());
+        return;
+    }
+    for (auto _ : state) {
+        FKRStoreEinspielung einspielung(bestand().datenOrdner());
+        if (einspielung.pruefe(archiv, &fehler) != FKRZipArchiv::Ergebnis::Erfolg)
+            state.SkipWithError(fehler.toUtf8().constData());
+    }
+    state.counters["archive_MB"] = double(QFileInfo(archiv).size()) / 1e6;
+    state.counters["store_MB"] = double(QFileInfo(bestand().store()).size()) / 1e6;
+    QFile::remove(archiv);
+}
+
 } // namespace
 
 BENCHMARK(BM_ZipStore)->Arg(0)->Arg(1)->Arg(Z_DEFAULT_COMPRESSION)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
 BENCHMARK(BM_StoreOhneSicherung)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
 BENCHMARK(BM_StartMitSicherung)->ArgName("edits")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(BM_PruefeSicherung)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
 
 int main(int argc, char **argv)
 {
