@@ -28,5 +28,5 @@ bool Command::printHelpIfAsked(const QStringList &arguments, std::ostream &out) 
 void printError(std::ostream &err, const std::string &message)
 {
     // One line whatever the message carries from the input (file names, keys, values).
-    err << kProgramName << ": " << Meldungstext::einzeilig(Meldungstext::kuerze(message, kLaengsteMeldung)) << '\n';
+    err << kProgramName << ": " << Meldungstext::kuerze(Meldungstext::einzeilig(message), kLaengsteMeldung) << '\n';
 }

@@ -49,7 +49,7 @@ protected:
     bool printHelpIfAsked(const QStringList &arguments, std::ostream &out) const;
 };
 
-// One message line, prefixed "velmora-cli: ", with control characters escaped and cut after
+// One message line, prefixed "velmora-cli: ", with control characters escaped, cut after
 // kLaengsteMeldung bytes.
 void printError(std::ostream &err, const std::string &message);
 inline constexpr std::size_t kLaengsteMeldung = 1000;

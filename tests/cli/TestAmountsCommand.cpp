@@ -119,6 +119,7 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
         {wiederhole(R"({"a":)", 70000) + "1" + wiederhole("}", 70000), R"("a.a.a.a)"},
         {"{\"ab\\ncd\": 1}", R"("ab\ncd": unknown key)"},
         {R"({")" + wiederhole("k", 100000) + R"(": 1})", "\"kkkk"},
+        {R"({")" + wiederhole("\\u007f", 300) + R"(": 1})", R"("\u007f\u007f)"},
         {R"({"waehrung": [1)" + wiederhole(",1", 50000) + "]}", R"("waehrung": expected a text, got array [...] (50001 values))"},
         {R"({"waehrung": ")" + wiederhole("x", 100000), "input is not JSON"},
     };
