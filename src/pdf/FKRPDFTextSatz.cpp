@@ -3,6 +3,7 @@
 #include "FKRPDFSchriften.h"
 
 #include <QPainter>
+#include <QTextBoundaryFinder>
 #include <QTextOption>
 
 #include <algorithm>
@@ -30,10 +31,79 @@ double punktGroesse(const QFont &font)
     return font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize();
 }
 
+// Setting a text by words, the engine collects words until one does not fit, reading each word
+// to its end. A line whose first word is wider than the box is then set again, breaking the word
+// where the box ends; the next line starts in the rest of that word, which is read to its end
+// once more. A word of n characters cost n² / line length steps that way.
+//
+// A line that starts within a long run of characters without a blank is therefore first set
+// breaking anywhere, which reads no further than the box reaches. When a word ends within that
+// line, its first word fits, and it is set again by words; otherwise the first word is wider than
+// the box and the line stays as it is, which is what the engine makes of it too. A line starting
+// near a blank is set by words directly. Either way the lines are the engine's, and setting a
+// text takes time in proportion to its length.
+constexpr int kLangerLauf = 64;
+
+// Blanks that end a word for the engine; a no-break space joins words.
+bool trenntWoerter(QChar zeichen)
+{
+    return zeichen.isSpace() && zeichen.decompositionTag() != QChar::NoBreak;
+}
+
+// Where the next blank lies, for positions that never decrease from one question to the next.
+class Leerzeichen
+{
+public:
+    explicit Leerzeichen(const QString &text)
+        : m_text(text)
+    {
+    }
+
+    int abPosition(int von)
+    {
+        m_position = std::max(m_position, von);
+        while (m_position < m_text.size() && !trenntWoerter(m_text.at(m_position)))
+            ++m_position;
+        return m_position;
+    }
+
+private:
+    const QString m_text;
+    int m_position = 0;
+};
+
+// Whether a word of the engine ends after `von` and no later than `ende`. The opportunities to
+// break a line are found on the stretch around the line alone, with enough of the text before and
+// after it for the rules that look at neighbouring characters. Korean syllables count as
+// letters, as the engine takes them: a run of them is one word.
+bool wortEndetBis(const QString &text, int von, int ende)
+{
+    // The engine shows a soft hyphen at the end of a line but not after the first word, so a
+    // line that stopped before one may hold that word after all: the engine decides.
+    if (ende < text.size() && text.at(ende) == QChar::SoftHyphen)
+        return true;
+    int anfang = std::max(0, von - kLangerLauf);
+    // The stretch starts on a whole character: a lone low surrogate at its start would be read as
+    // a character of its own, which changes the opportunities far into the stretch.
+    if (anfang > 0 && text.at(anfang).isLowSurrogate())
+        --anfang;
+    QString umgebung = text.mid(anfang, ende + kLangerLauf - anfang);
+    for (QChar &zeichen : umgebung) {
+        const char16_t c = zeichen.unicode();
+        if ((c >= 0x1100 && c <= 0x11FF) || (c >= 0x3130 && c <= 0x318F) || (c >= 0xA960 && c <= 0xA97F)
+            || (c >= 0xAC00 && c <= 0xD7FF))
+            zeichen = QLatin1Char('a');
+    }
+    QTextBoundaryFinder umbrueche(QTextBoundaryFinder::Line, umgebung);
+    umbrueche.setPosition(von - anfang);
+    const qsizetype naechster = umbrueche.toNextBoundary();
+    return naechster >= 0 && anfang + naechster <= ende;
+}
+
 } // namespace
 
-FKRPDFTextSatz::FKRPDFTextSatz(const QString &text, const QFont &font, double breite,
-                               Qt::Alignment ausrichtung, double zeilenabstand)
+FKRPDFTextSatz::FKRPDFTextSatz(const QString &text, const QFont &font, double breite, Qt::Alignment ausrichtung,
+                               double zeilenabstand)
     : m_layout(mitZeilentrennern(text), geraeteSchrift(font))
 {
     const double groesse = punktGroesse(font);
@@ -41,16 +111,32 @@ FKRPDFTextSatz::FKRPDFTextSatz(const QString &text, const QFont &font, double br
     const double oberlaenge = groesse * FKRPDFSchriften::kOberlaenge * kMassstab;
 
     QTextOption option(ausrichtung);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setUseDesignMetrics(true);
-    m_layout.setTextOption(option);
+    const auto umbrechen = [&](QTextOption::WrapMode art) {
+        option.setWrapMode(art);
+        m_layout.setTextOption(option);
+    };
+    umbrechen(QTextOption::WrapAtWordBoundaryOrAnywhere);
     m_layout.setCacheEnabled(true);
+    const QString gesetzt = m_layout.text();
+    Leerzeichen leerzeichen(gesetzt);
 
     const double zeilenBreite = std::max(0.0, breite) * kMassstab;
     double breitesteZeile = 0.0;
     m_layout.beginLayout();
     for (QTextLine zeile = m_layout.createLine(); zeile.isValid(); zeile = m_layout.createLine()) {
-        zeile.setLineWidth(zeilenBreite);
+        const int von = zeile.textStart();
+        const int blank = leerzeichen.abPosition(von);
+        if (blank - von > kLangerLauf) {
+            umbrechen(QTextOption::WrapAnywhere);
+            zeile.setLineWidth(zeilenBreite);
+            const int ende = von + zeile.textLength();
+            umbrechen(QTextOption::WrapAtWordBoundaryOrAnywhere);
+            if (blank <= ende || wortEndetBis(gesetzt, von, ende))
+                zeile.setLineWidth(zeilenBreite);
+        } else {
+            zeile.setLineWidth(zeilenBreite);
+        }
         // The baseline sits at the designed ascent below the line's top, whatever the substitute's
         // own ascent is.
         zeile.setPosition(QPointF(0.0, m_zeilen * m_zeilenSchritt * kMassstab + oberlaenge - zeile.ascent()));
@@ -59,6 +145,16 @@ FKRPDFTextSatz::FKRPDFTextSatz(const QString &text, const QFont &font, double br
     }
     m_layout.endLayout();
     m_breite = breitesteZeile / kMassstab;
+}
+
+QStringList FKRPDFTextSatz::zeilenTexte() const
+{
+    QStringList texte;
+    for (int i = 0; i < m_layout.lineCount(); ++i) {
+        const QTextLine zeile = m_layout.lineAt(i);
+        texte << m_layout.text().mid(zeile.textStart(), zeile.textLength());
+    }
+    return texte;
 }
 
 void FKRPDFTextSatz::zeichne(QPainter &painter, QPointF obenLinks) const

@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QString>
+#include <QStringList>
 #include <QTextLayout>
 
 class QPainter;
@@ -12,7 +13,8 @@ class QPainter;
 // Lines are laid out in device units of the PDF (kMassstab per point) with a font of the same
 // scale, so measuring needs no open file and gives exactly the geometry that is later drawn.
 // Line feeds in the text start new lines; long lines wrap at word boundaries (a word wider than
-// the box is broken anywhere). Each line is the font size × FKRPDFSchriften::kZeilenhoehe high
+// the box is broken where the box ends). Setting a text takes time in proportion to its length,
+// whatever words it is made of. Each line is the font size × FKRPDFSchriften::kZeilenhoehe high
 // and followed by the extra spacing, so a text of n lines is n × (line height + spacing) high,
 // and texts drawn one below the other keep the rhythm of one paragraph.
 class FKRPDFTextSatz
@@ -31,6 +33,8 @@ public:
     // Width of the widest line and height of all lines, in points.
     double breite() const { return m_breite; }
     double hoehe() const { return m_zeilen * m_zeilenSchritt; }
+    // The text of each line as laid out, with its trailing blanks and line separator.
+    QStringList zeilenTexte() const;
 
     // Draws the lines with the box's top-left corner at `obenLinks` (device units).
     void zeichne(QPainter &painter, QPointF obenLinks) const;
