@@ -1,0 +1,127 @@
+// A URL of the scheme as a time tracker (or anyone) may send it: read as a request, then handed
+// to the item import with a document open in a stand-in editor over an in-memory context.
+// Whatever the bytes: the sender learns the outcome exactly once, a refused URL changes nothing,
+// and a stored item holds values a user could have typed, whose sums can be computed.
+#include "FKRAlertPresenter.h"
+#include "FKREmpfaenger.h"
+#include "FKRFehlenderWert.h"
+#include "FKRImportAnfrage.h"
+#include "FKROffenerEditor.h"
+#include "FKRPosten.h"
+#include "FKRRechnung.h"
+#include "FKRUrlImport.h"
+#include "FuzzUmgebung.h"
+#include "ManagedObjectContext.h"
+
+#include <cstdlib>
+
+namespace {
+
+void pruefe(bool bedingung)
+{
+    if (!bedingung)
+        std::abort();
+}
+
+class Presenter : public FKRAlertPresenter
+{
+public:
+    int zeigeAlert(const FKRAlert &) override { return kErsterKnopf; }
+    bool praesentiereFehler(const FKRAnwendungsFehler &) override { return false; }
+    QStringList waehleDateien(const QString &, const QString &, const QString &) override { return {}; }
+    QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override { return {}; }
+};
+
+// The sums the editor shows; an item without quantity (the URL had no hours) is shown without
+// them, any other failure is a fault.
+void summen(const FKRRechnung &rechnung)
+{
+    try {
+        rechnung.rechnungsSumme();
+    } catch (const FKRFehlenderWert &) {
+    }
+}
+
+class Editor : public FKROffenerEditor, public FKREmpfaengerListe
+{
+public:
+    explicit Editor(ManagedObjectContext &moc) : m_moc(moc) {}
+    FKRRechnung *dokument = nullptr;
+    QList<FKREmpfaenger *> angeordnet;
+
+    FKRRechnung *rechnung() const override { return dokument; }
+    FKRPosten *neuerPosten() override { return m_moc.insertNewObject<FKRPosten>(); }
+    FKREmpfaengerListe *empfaengerListe() override { return this; }
+    void waehlePostenAus(FKRPosten *) override { summen(*dokument); }
+    QList<FKREmpfaenger *> angeordneteEmpfaenger() const override { return angeordnet; }
+    FKREmpfaenger *neuerEmpfaenger() override { return angeordnet.emplace_back(m_moc.insertNewObject<FKREmpfaenger>()); }
+
+private:
+    ManagedObjectContext &m_moc;
+};
+
+bool einzeilig(const QString &text)
+{
+    for (const QChar c : text) {
+        if (c.category() == QChar::Other_Control)
+            return false;
+    }
+    return true;
+}
+
+// The request on its own, read from the bytes as an already decoded query.
+void pruefeAnfrage(const QString &query)
+{
+    const FKRImportAnfrage anfrage = FKRImportAnfrage::lies(query);
+    if (!anfrage.istAngenommen()) {
+        pruefe(!anfrage.grund().isEmpty() && einzeilig(anfrage.grund()));
+        return;
+    }
+    pruefe(einzeilig(anfrage.postenBezeichnung()) && einzeilig(anfrage.postenBeschreibung()));
+    if (!anfrage.anzahl.isNaN())
+        pruefe(anfrage.anzahl.sign() > 0 && anfrage.anzahl <= Decimal(1000000));
+    if (!anfrage.einzelbetrag.isNaN())
+        pruefe(anfrage.einzelbetrag.sign() >= 0 && anfrage.einzelbetrag.rounded(2, Decimal::Rounding::HalfAwayFromZero) == anfrage.einzelbetrag);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
+{
+    FuzzUmgebung::richteEin(argc, argv);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t groesse)
+{
+    const QString text = QString::fromUtf8(FuzzUmgebung::bytes(daten, groesse));
+    pruefeAnfrage(text);
+
+    ManagedObjectContext moc;
+    Editor editor(moc);
+    editor.dokument = moc.insertNewObject<FKRRechnung>();
+    for (int nummer : {1, 2}) {
+        auto *posten = moc.insertNewObject<FKRPosten>();
+        posten->setPostenNummer(nummer);
+        editor.dokument->addPostenObject(posten);
+    }
+    pruefe(moc.save());
+    Presenter presenter;
+    FKRUrlImport import(presenter, [&editor] { return &editor; }, [&moc] { return moc.save(); });
+
+    int antworten = 0;
+    FKRUrlErgebnis beantwortet;
+    const FKRUrlErgebnis ergebnis = import.handleGetUrlEvent(text, [&](const FKRUrlErgebnis &e) {
+        ++antworten;
+        beantwortet = e;
+    });
+    pruefe(antworten == 1 && beantwortet.erledigt == ergebnis.erledigt && beantwortet.grund == ergebnis.grund);
+    const qsizetype posten = editor.dokument->posten().size();
+    if (!ergebnis.erledigt) {
+        pruefe(posten == 2 && !moc.hasChanges() && !ergebnis.grund.isEmpty() && einzeilig(ergebnis.grund));
+        return 0;
+    }
+    pruefe(posten == 3);
+    summen(*editor.dokument);
+    return 0;
+}
