@@ -32,6 +32,9 @@ constexpr BildSchluessel kBilder[] = {
     {"geschaeftspapierImageFile", "geschaeftspapierImageBinary"},
 };
 
+// Far beyond any image the sender's slots take; only a bound on what is read at all.
+constexpr qint64 kLaengsteBildDatei = qint64(256) << 20;
+
 } // namespace
 
 QStringList JsonBeteiligteLeser::schluessel()
@@ -87,10 +90,15 @@ QByteArray JsonBeteiligteLeser::leseBildDatei(const json &wert, const std::strin
     const std::string zitat = '"' + name.toStdString() + '"';
     if (QFileInfo(name).isDir())
         throw EingabeFehler(pfad, "cannot read " + zitat + ": it is a folder");
+    // A device or a pipe (/dev/zero, /dev/stdin) would be read for ever.
+    if (QFileInfo::exists(name) && !QFileInfo(name).isFile())
+        throw EingabeFehler(pfad, "cannot read " + zitat + ": it is not a regular file");
     QFile datei(name);
     if (!datei.open(QIODevice::ReadOnly))
         throw EingabeFehler(pfad, "cannot read " + zitat + ": " + datei.errorString().toStdString());
-    QByteArray bytes = datei.readAll();
+    QByteArray bytes = datei.read(kLaengsteBildDatei + 1);
+    if (bytes.size() > kLaengsteBildDatei)
+        throw EingabeFehler(pfad, "cannot read " + zitat + ": larger than any image file the program takes");
     if (datei.error() != QFileDevice::NoError)
         throw EingabeFehler(pfad, "cannot read " + zitat + ": " + datei.errorString().toStdString());
 

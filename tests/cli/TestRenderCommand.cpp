@@ -162,6 +162,7 @@ TEST_F(RenderTest, BadInputAndAmountFailuresLeaveOutputAlone)
         {mit("/absender/telefon", "030"), R"("absender.telefon": unknown key for FKRAbsender)"},
         {mit("/empfaenger/logoImageFile", "logo.png"), R"("empfaenger.logoImageFile": unknown key)"},
         {mit("/absender/logoImageFile", "fehlt.png"), R"("absender.logoImageFile": cannot read ")"},
+        {mit("/absender/logoImageFile", "/dev/zero"), R"("absender.logoImageFile": cannot read "/dev/zero": it is not a regular file)"},
         {mit("/absender/unterschriftImageFile", "kein-bild.png"), R"("absender.unterschriftImageFile": not an image)"},
         {mit("/absender/geschaeftspapierImageFile", 7), R"("absender.geschaeftspapierImageFile": expected the name)"},
         {mit("/absender/logoImageBinary", "iVBORw=="), R"("absender.logoImageFile": give either)"},
