@@ -72,12 +72,13 @@ void FKRPDFLayout::erstellePDFDateiImPfad(const QString &pfad, FKRRechnung &rech
     startePDFDateiImPfad(pfad, rechnung);
     try {
         schreibeInhaltFuerRechnung(rechnung, 0.0);
+        beendePDFDatei(rechnung);
     } catch (...) {
-        // A value the amounts cannot do without: nothing of the half-drawn file reaches the path.
+        // A value the amounts cannot do without, a document beyond the bounds: nothing of the
+        // half-drawn file reaches the path.
         verwerfePDFDatei();
         throw;
     }
-    beendePDFDatei(rechnung);
 }
 
 double FKRPDFLayout::schreibeInhaltFuerRechnung(FKRRechnung &rechnung, double y)

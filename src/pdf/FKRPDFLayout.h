@@ -29,7 +29,8 @@ public:
     // Writes the complete file: opens it, draws the content, finishes and protects it. An existing
     // file at `pfad` is replaced only when the new one is complete (letzteDateiGeschrieben()).
     // Throws what the document's amounts throw for values they cannot do without
-    // (FKRFehlenderWert, DecimalError); the path is then left as it was.
+    // (FKRFehlenderWert, DecimalError), and FKRDokumentZuGross for a document beyond the bounds
+    // every document is held to; the path is then left as it was.
     void erstellePDFDateiImPfad(const QString &pfad, FKRRechnung &rechnung) override;
     // The common start: page geometry, block positions, letterhead, sender line, recipient.
     double schreibeInhaltFuerRechnung(FKRRechnung &rechnung, double y) override;

@@ -106,9 +106,9 @@ FKRPDFTextSatz::FKRPDFTextSatz(const QString &text, const QFont &font, double br
                                double zeilenabstand)
     : m_layout(mitZeilentrennern(text), geraeteSchrift(font))
 {
-    const double groesse = punktGroesse(font);
-    m_zeilenSchritt = groesse * (FKRPDFSchriften::kZeilenhoehe + zeilenabstand);
-    const double oberlaenge = groesse * FKRPDFSchriften::kOberlaenge * kMassstab;
+    m_groesse = punktGroesse(font);
+    m_zeilenSchritt = m_groesse * (FKRPDFSchriften::kZeilenhoehe + zeilenabstand);
+    const double oberlaenge = m_groesse * FKRPDFSchriften::kOberlaenge * kMassstab;
 
     QTextOption option(ausrichtung);
     option.setUseDesignMetrics(true);
@@ -145,6 +145,11 @@ FKRPDFTextSatz::FKRPDFTextSatz(const QString &text, const QFont &font, double br
     }
     m_layout.endLayout();
     m_breite = breitesteZeile / kMassstab;
+}
+
+double FKRPDFTextSatz::hoehe(double zeilenabstand) const
+{
+    return m_zeilen * (m_groesse * (FKRPDFSchriften::kZeilenhoehe + zeilenabstand));
 }
 
 QStringList FKRPDFTextSatz::zeilenTexte() const

@@ -33,6 +33,8 @@ public:
     // Width of the widest line and height of all lines, in points.
     double breite() const { return m_breite; }
     double hoehe() const { return m_zeilen * m_zeilenSchritt; }
+    // The height the same lines have with another extra spacing: the lines do not depend on it.
+    double hoehe(double zeilenabstand) const;
     // The text of each line as laid out, with its trailing blanks and line separator.
     QStringList zeilenTexte() const;
 
@@ -43,5 +45,6 @@ private:
     QTextLayout m_layout;
     int m_zeilen = 0;
     double m_breite = 0.0;
+    double m_groesse = 0.0;
     double m_zeilenSchritt = 0.0;
 };

@@ -1,13 +1,16 @@
 #include "FKRPDFWriter.h"
 
+#include "FKRBildLeser.h"
+#include "FKRDokumentZuGross.h"
 #include "FKRPDFDatei.h"
 #include "FKRPDFTextSatz.h"
 #include "QBBenutzerEinstellungen.h"
 
-#include <QFile>
-#include <QImage>
+#include <QLocale>
 #include <QPainter>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace {
 
@@ -20,33 +23,6 @@ double einfach(double wert)
 
 // Neutral grey of lines and guide frames.
 const QColor kLinienGrau(128, 128, 128);
-
-// A decoded image and its size in points, taken from its own resolution (72 dpi when it
-// declares none), as a picture is measured on paper.
-struct Bild
-{
-    QImage bild;
-    QSizeF punkte;
-};
-
-Bild dekodiere(const QByteArray &daten)
-{
-    Bild ergebnis{QImage::fromData(daten), {}};
-    if (ergebnis.bild.isNull())
-        return ergebnis;
-    // A file that states no resolution gets the resolution of a new image (that of the screen),
-    // which would make the same logo print at different sizes on different machines; it is taken
-    // as 72 dpi, one point per pixel, instead. A file that states exactly the screen's resolution
-    // is read the same way.
-    const QImage neu(1, 1, QImage::Format_RGB32);
-    const auto punkteJeBildpunkt = [](int punkteJeMeter, int ohneAngabe) {
-        return punkteJeMeter > 0 && punkteJeMeter != ohneAngabe ? 72.0 / (punkteJeMeter * 0.0254) : 1.0;
-    };
-    ergebnis.punkte =
-        QSizeF(ergebnis.bild.width() * punkteJeBildpunkt(ergebnis.bild.dotsPerMeterX(), neu.dotsPerMeterX()),
-               ergebnis.bild.height() * punkteJeBildpunkt(ergebnis.bild.dotsPerMeterY(), neu.dotsPerMeterY()));
-    return ergebnis;
-}
 
 } // namespace
 
@@ -85,6 +61,8 @@ void FKRPDFWriter::startePDFDateiImPfad(const QString &pfad, FKRRechnung &)
     m_letzteDateiGeschrieben = false;
     m_letzterSchreibFehler.clear();
     m_pdfContext.reset();
+    m_bilder.clear();
+    m_gezeichneteZeichen = 0;
     m_pdfContext = std::make_unique<FKRPDFDatei>(pfad, m_pageSize);
     m_seitennummer = 0;
     erzeugeErsteSeite();
@@ -100,6 +78,10 @@ double FKRPDFWriter::erzeugeErsteSeite()
 
 double FKRPDFWriter::erzeugeNeueSeite(FKRRechnung &rechnung)
 {
+    if (m_seitennummer >= FKRDokumentZuGross::kMaxSeiten)
+        throw FKRDokumentZuGross(FKRDokumentZuGross::Art::Seiten,
+                                 "the document would run to more than " + QLocale(QLocale::English).toString(FKRDokumentZuGross::kMaxSeiten).toStdString()
+                                     + " pages");
     schreibeSeitennummer(m_seitennummer, rechnung);
     datei().neueSeite(m_pageSize);
     ++m_seitennummer;
@@ -113,11 +95,13 @@ void FKRPDFWriter::beendePDFDatei(FKRRechnung &rechnung)
     if (m_seitennummer >= 2)
         schreibeSeitennummer(m_seitennummer, rechnung);
     m_letzteDateiGeschrieben = datei().schliesse(&m_letzterSchreibFehler);
+    m_bilder.clear();
 }
 
 void FKRPDFWriter::verwerfePDFDatei()
 {
     m_pdfContext.reset();
+    m_bilder.clear();
     m_letzteDateiGeschrieben = false;
 }
 
@@ -141,17 +125,23 @@ QSizeF FKRPDFWriter::berechneTextBoxFuerString(const std::optional<QString> &tex
 {
     if (!text)
         return QSizeF(0.0, 0.0);
+    pruefeTextUmfang(*text);
     const FKRPDFTextSatz satz(*text, font, grenze.width(), Qt::AlignLeft, einfach(0.15));
     return QSizeF(satz.breite(), satz.hoehe());
 }
 
 double FKRPDFWriter::schreibeText(const std::optional<QString> &text, int ausrichtung, const QFont &font, double x,
-                                  double y, double weite, double hoehe, bool zeilenumbruch, double zeilenabstand)
+                                  double y, double weite, double /*hoehe*/, bool zeilenumbruch,
+                                  double zeilenabstand)
 {
     const QString inhalt = text && !text->isEmpty() ? *text : QStringLiteral(" ");
-    const double gemessen = berechneTextBoxFuerString(inhalt, font, QSizeF(weite, hoehe)).height();
+    pruefeTextUmfang(inhalt);
     const FKRPDFTextSatz satz(inhalt, font, weite, ausrichtung == Rechts ? Qt::AlignRight : Qt::AlignLeft,
                               zeilenabstand);
+    m_gezeichneteZeichen += inhalt.size();
+    // The height berechneTextBoxFuerString measures (with the standard spacing, never cut to the
+    // height limit), taken from the same lines instead of setting the text twice.
+    const double gemessen = satz.hoehe(einfach(0.15));
     satz.zeichne(datei().painter(), datei().geraetePunkt(x, y));
     if (!zeilenumbruch)
         return y;
@@ -160,17 +150,60 @@ double FKRPDFWriter::schreibeText(const std::optional<QString> &text, int ausric
     return y + std::max(gemessen, satz.hoehe() - font.pointSizeF() * zeilenabstand);
 }
 
+void FKRPDFWriter::pruefeTextUmfang(const QString &text) const
+{
+    // Checked before the text is set, so a text beyond the bound costs nothing.
+    if (m_gezeichneteZeichen + text.size() > FKRDokumentZuGross::kMaxZeichen)
+        throw FKRDokumentZuGross(FKRDokumentZuGross::Art::Text,
+                                 "the document's texts come to more than "
+                                     + QLocale(QLocale::English).toString(FKRDokumentZuGross::kMaxZeichen).toStdString()
+                                     + " characters");
+}
+
 // ---- Images ----
+
+const FKRBildLeser::Ergebnis &FKRPDFWriter::gelesenesBild(const std::optional<QByteArray> &bytes, const QString &pfad)
+{
+    // A letterhead is drawn on every page: it is read and decoded once per file, and the file
+    // holds it once.
+    auto eintrag = std::find_if(m_bilder.begin(), m_bilder.end(),
+                                [&](const GelesenesBild &bild) { return bild.bytes == bytes && bild.pfad == pfad; });
+    if (eintrag == m_bilder.end())
+        eintrag = m_bilder.insert(m_bilder.end(),
+                                  {bytes, pfad, bytes ? FKRBildLeser::lies(*bytes) : FKRBildLeser::liesDatei(pfad)});
+    if (eintrag->ergebnis.zuGross())
+        throw FKRDokumentZuGross(FKRDokumentZuGross::Art::Bild,
+                                 "an image of the sender cannot be used: " + eintrag->ergebnis.grund().toStdString());
+    return eintrag->ergebnis;
+}
 
 double FKRPDFWriter::zeichneBild(const std::optional<QByteArray> &bild, int ausrichtung, double x, double y,
                                  double maxWeite, double maxHoehe)
 {
     if (!bild)
         return y;
-    const Bild dekodiert = dekodiere(*bild);
-    const double w = dekodiert.punkte.width();
-    const double h = dekodiert.punkte.height();
-    if (w <= 0.0 || h <= 0.0)
+    return zeichneGelesenesBild(gelesenesBild(bild, QString()), ausrichtung, x, y, maxWeite, maxHoehe);
+}
+
+double FKRPDFWriter::zeichneBildMitDateiPfad(const std::optional<QString> &url, int ausrichtung, double x, double y,
+                                             double maxWeite, double maxHoehe)
+{
+    if (!url)
+        return y;
+    const QUrl ort(*url, QUrl::StrictMode);
+    if (!ort.isValid() || !ort.isLocalFile())
+        return y;
+    return zeichneGelesenesBild(gelesenesBild(std::nullopt, ort.toLocalFile()), ausrichtung, x, y, maxWeite,
+                                maxHoehe);
+}
+
+double FKRPDFWriter::zeichneGelesenesBild(const FKRBildLeser::Ergebnis &bild, int ausrichtung, double x, double y,
+                                          double maxWeite, double maxHoehe)
+{
+    // Bytes that are no picture count as a picture of no size.
+    const double w = bild.punkte.width();
+    const double h = bild.punkte.height();
+    if (!bild.gelesen() || w <= 0.0 || h <= 0.0)
         return y;
 
     double breite = w;
@@ -189,22 +222,8 @@ double FKRPDFWriter::zeichneBild(const std::optional<QByteArray> &bild, int ausr
     const double links = ausrichtung == Rechts ? x - breite : x;
     const QPointF obenLinks = datei().geraetePunkt(links, y);
     const QRectF ziel(obenLinks, QSizeF(FKRPDFDatei::geraeteLaenge(breite), FKRPDFDatei::geraeteLaenge(hoehe)));
-    datei().painter().drawImage(ziel, dekodiert.bild);
+    datei().painter().drawImage(ziel, bild.bild);
     return y + hoehe;
-}
-
-double FKRPDFWriter::zeichneBildMitDateiPfad(const std::optional<QString> &url, int ausrichtung, double x, double y,
-                                             double maxWeite, double maxHoehe)
-{
-    if (!url)
-        return y;
-    const QUrl ort(*url, QUrl::StrictMode);
-    if (!ort.isValid() || !ort.isLocalFile())
-        return y;
-    QFile datei(ort.toLocalFile());
-    if (!datei.open(QIODevice::ReadOnly))
-        return y;
-    return zeichneBild(datei.readAll(), ausrichtung, x, y, maxWeite, maxHoehe);
 }
 
 // ---- Lines and areas ----

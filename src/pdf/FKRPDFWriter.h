@@ -8,8 +8,11 @@
 #include <QSizeF>
 #include <QString>
 
+#include "FKRBildLeser.h"
+
 #include <memory>
 #include <optional>
+#include <vector>
 
 class FKRPDFDatei;
 class FKRRechnung;
@@ -66,6 +69,9 @@ public:
     // Numbers the last page when there are two or more, ends it and finishes the file.
     void beendePDFDatei(FKRRechnung &rechnung);
 
+    // Every file is held to the bounds of FKRDokumentZuGross: starting page 1,001 and drawing
+    // text beyond 2,000,000 characters (also measuring a text that would go beyond) throw it.
+
     // Abandons the open file without writing anything to its path (drawing failed halfway).
     void verwerfePDFDatei();
 
@@ -91,7 +97,8 @@ public:
                         double weite, double hoehe, bool zeilenumbruch, double zeilenabstand = 0.5);
     // Draws an image scaled into (maxWeite, maxHoehe) without enlarging it or changing its
     // proportions; right alignment puts its right edge at x. Returns y below the image; absent
-    // or undecodable bytes draw nothing and return y.
+    // or undecodable bytes draw nothing and return y. An image beyond the bounds of FKRBildLeser
+    // throws FKRDokumentZuGross.
     double zeichneBild(const std::optional<QByteArray> &bild, int ausrichtung, double x, double y, double maxWeite,
                        double maxHoehe);
     // The same with an image read from a file URL text ("file:///…"); anything else draws nothing.
@@ -140,6 +147,18 @@ public:
 private:
     void zeichneRahmen(double linksCm, double rechtsCm, double obenCm, double untenCm);
     FKRPDFDatei &datei() const;
+    void pruefeTextUmfang(const QString &text) const;
+    // The image of stored bytes, or of the file at `pfad` when there are none, read once per file.
+    const FKRBildLeser::Ergebnis &gelesenesBild(const std::optional<QByteArray> &bytes, const QString &pfad);
+    double zeichneGelesenesBild(const FKRBildLeser::Ergebnis &bild, int ausrichtung, double x, double y,
+                                double maxWeite, double maxHoehe);
+
+    struct GelesenesBild
+    {
+        std::optional<QByteArray> bytes;
+        QString pfad;
+        FKRBildLeser::Ergebnis ergebnis;
+    };
 
     uint m_seitennummer = 0;
     double m_kcm = 0.0;
@@ -157,4 +176,7 @@ private:
     QSizeF m_pageSize;
     bool m_letzteDateiGeschrieben = false;
     QString m_letzterSchreibFehler;
+    // Characters of text drawn into the open file, and the images read for it.
+    qsizetype m_gezeichneteZeichen = 0;
+    std::vector<GelesenesBild> m_bilder;
 };

@@ -5,6 +5,7 @@
 // Documents use the header-bar layout, whose body has the full 16 cm width and whose dates block
 // stands on the right, where the shared blocks put it.
 #include "FKRAbsender.h"
+#include "FKRDokumentZuGross.h"
 #include "FKREmpfaenger.h"
 #include "FKRFehlenderWert.h"
 #include "FKRLocalizationHelper.h"
@@ -13,6 +14,7 @@
 #include "FKRRechnung.h"
 #include "ManagedObjectContext.h"
 #include "PdfPruefung.h"
+#include "WriterTestSupport.h"
 
 #include <QTemporaryDir>
 
@@ -306,7 +308,7 @@ TEST_F(LayoutTest, MissingDatesAndLanguagePrintNothingMisleading)
     EXPECT_TRUE(text.contains(u"Gesamtsumme"_s));
 }
 
-TEST_F(LayoutTest, MissingUnitPriceLeavesTheOldFileInPlace)
+TEST_F(LayoutTest, ADocumentThatCannotBeDrawnLeavesTheOldFileInPlace)
 {
     const QString pfad = m_ordner.filePath(u"bestehend.pdf"_s);
     QFile alt(pfad);
@@ -314,12 +316,48 @@ TEST_F(LayoutTest, MissingUnitPriceLeavesTheOldFileInPlace)
     alt.write("old content");
     alt.close();
 
-    FKRRechnung &r = rechnung();
-    FKRPosten &p = posten(r, 1, "1", "10", u"Beratung"_s);
-    p.setEinzelbetrag(std::nullopt);
-    EXPECT_THROW(FKRPDFLayout::fuerRechnung(r).erstellePDFDateiImPfad(pfad, r), FKRFehlenderWert);
-    ASSERT_TRUE(alt.open(QIODevice::ReadOnly));
-    EXPECT_EQ(alt.readAll(), QByteArray("old content"));
+    const auto fehlt = [](const std::exception &fehler) { return dynamic_cast<const FKRFehlenderWert *>(&fehler); };
+    const auto zuGross = [](FKRDokumentZuGross::Art art) {
+        return [art](const std::exception &fehler) {
+            const auto *grenze = dynamic_cast<const FKRDokumentZuGross *>(&fehler);
+            return grenze && grenze->art() == art;
+        };
+    };
+    const struct
+    {
+        const char *fall;
+        std::function<void(FKRRechnung &)> aendere;
+        std::function<bool(const std::exception &)> erwartet;
+    } faelle[] = {
+        {"a missing unit price", [&](FKRRechnung &r) { r.posten().first()->setEinzelbetrag(std::nullopt); }, fehlt},
+        {"2,000,001 characters in the text",
+         [](FKRRechnung &r) { r.setRechnungsText(QString(FKRDokumentZuGross::kMaxZeichen + 1, u'x')); },
+         zuGross(FKRDokumentZuGross::Art::Text)},
+        {"a signature of 40000 x 40000 pixels",
+         [&](FKRRechnung &r) {
+             auto *absender = m_context.insertNewObject<FKRAbsender>();
+             absender->setUnterschriftImageBinary(writertest::jpegMitKopf({40000, 40000}));
+             r.setAbsender(absender);
+         },
+         zuGross(FKRDokumentZuGross::Art::Bild)},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.fall);
+        FKRRechnung &r = rechnung();
+        posten(r, 1, "1", "10", u"Beratung"_s);
+        fall.aendere(r);
+        try {
+            FKRPDFLayout::fuerRechnung(r).erstellePDFDateiImPfad(pfad, r);
+            ADD_FAILURE() << "written";
+        } catch (const std::exception &fehler) {
+            EXPECT_TRUE(fall.erwartet(fehler)) << fehler.what();
+        }
+        ASSERT_TRUE(alt.open(QIODevice::ReadOnly));
+        EXPECT_EQ(alt.readAll(), QByteArray("old content"));
+        alt.close();
+    }
+    // The shared layout is ready for the next document.
+    EXPECT_EQ(rendere(rechnung()).seitenAnzahl(), 1);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // placement, the replacement of an existing file, document information and protection.
 // Positions are read back from the PDF (text boxes from the extractor, marks from a rendering),
 // never from the writer's own bookkeeping.
+#include "FKRDokumentZuGross.h"
 #include "FKRPDFHerausgeber.h"
 #include "FKRPDFSchutz.h"
 #include "WriterTestSupport.h"
@@ -14,6 +15,54 @@ using namespace Qt::Literals::StringLiterals;
 using namespace writertest;
 
 namespace {
+
+TEST_F(PDFWriter, AFileIsHeldToAThousandPagesAndTwoMillionCharactersOfText)
+{
+    // The thousandth page is the last a file gets.
+    m_writer.inhalt = [](ProbeWriter &w, FKRRechnung &r) {
+        for (;;)
+            w.erzeugeNeueSeite(r);
+    };
+    try {
+        m_writer.erstellePDFDateiImPfad(pfad(u"lang.pdf"_s), *m_rechnung);
+        ADD_FAILURE() << "no bound on pages";
+    } catch (const FKRDokumentZuGross &fehler) {
+        EXPECT_EQ(fehler.art(), FKRDokumentZuGross::Art::Seiten);
+        EXPECT_STREQ(fehler.what(), "the document would run to more than 1,000 pages");
+    }
+    EXPECT_EQ(m_writer.seitennummer(), FKRDokumentZuGross::kMaxSeiten);
+
+    // Text is checked before it is set, measured or drawn; only drawn text counts.
+    QStringList abgelehnt;
+    const auto versuche = [&](const QString &was, const std::function<void()> &schritt) {
+        try {
+            schritt();
+        } catch (const FKRDokumentZuGross &fehler) {
+            EXPECT_EQ(fehler.art(), FKRDokumentZuGross::Art::Text);
+            EXPECT_STREQ(fehler.what(), "the document's texts come to more than 2,000,000 characters");
+            abgelehnt << was;
+        }
+    };
+    const auto zeichne = [&](ProbeWriter &w, const QString &text) {
+        w.schreibeText(text, FKRPDFWriter::Links, m_font, 100, 100, 300, 100, true);
+    };
+    schreibe(m_writer, u"grenze.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
+        zeichne(w, QString(FKRDokumentZuGross::kMaxZeichen - 5, u' '));
+        versuche(u"measure 6"_s, [&] { w.berechneTextBoxFuerString(u"123456"_s, m_font, {300, 100}); });
+        versuche(u"measure 5"_s, [&] { w.berechneTextBoxFuerString(u"12345"_s, m_font, {300, 100}); });
+        versuche(u"draw 5"_s, [&] { zeichne(w, u"12345"_s); });
+        versuche(u"draw 1"_s, [&] { zeichne(w, u"1"_s); });
+    });
+    EXPECT_EQ(abgelehnt, (QStringList{u"measure 6"_s, u"draw 1"_s}));
+
+    // Every file starts afresh.
+    const PdfPruefung wieder = schreibe(m_writer, u"wieder.pdf"_s, [&](ProbeWriter &w, FKRRechnung &r) {
+        w.erzeugeNeueSeite(r);
+        zeichne(w, u"Wieder da"_s);
+    });
+    EXPECT_EQ(wieder.seitenAnzahl(), 2);
+    EXPECT_TRUE(wieder.finde(2, u"Wieder da"_s));
+}
 
 TEST_F(PDFWriter, PageGeometryIsTakenFromTheSettingAtConstruction)
 {

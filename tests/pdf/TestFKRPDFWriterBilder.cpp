@@ -1,9 +1,12 @@
 // Images and areas on the page, measured on a rendering of the written file: fitted into
 // their boxes without enlarging or distortion, from bytes or file URLs, nothing for anything
 // that is not a picture; grey lines and filled rectangles.
+#include "FKRDokumentZuGross.h"
 #include "WriterTestSupport.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
 #include <QUrl>
 
 using namespace Qt::Literals::StringLiterals;
@@ -97,6 +100,67 @@ TEST_F(PDFWriter, ImagesFromFileUrlsAndImagesThatCannotBeDrawn)
     EXPECT_NEAR(rot.right(), 400, 0.5);
     EXPECT_NEAR(rot.width(), punkte(80), 0.7);
     EXPECT_TRUE(flaeche(bild, Qt::blue).isNull()) << "a truncated image must not be drawn in part";
+}
+
+TEST_F(PDFWriter, AStoredImageBeyondTheBoundsRefusesTheDocument)
+{
+    // A file too long is not even read; a picture of too many pixels is not decoded.
+    const QString lang = pfad(u"lang.png"_s);
+    QFile datei(lang);
+    ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
+    datei.write(png({80, 20}, Qt::red));
+    ASSERT_TRUE(datei.resize(FKRBildLeser::kMaxBytes + 1));
+    datei.close();
+    const struct
+    {
+        std::function<double(ProbeWriter &)> zeichne;
+        const char *meldung;
+    } faelle[] = {
+        {[](ProbeWriter &w) { return w.zeichneBild(jpegMitKopf({40000, 40000}), FKRPDFWriter::Links, 0, 0, 100, 100); },
+         "an image of the sender cannot be used: the image is 40000 x 40000 pixels; at most 32 megapixels are taken"},
+        {[&](ProbeWriter &w) {
+             return w.zeichneBildMitDateiPfad(QUrl::fromLocalFile(lang).toString(), FKRPDFWriter::Links, 0, 0, 100, 100);
+         },
+         "an image of the sender cannot be used: the image file has 32.0 MB; at most 32 MB are taken"},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.meldung);
+        m_writer.inhalt = [&](ProbeWriter &w, FKRRechnung &) { fall.zeichne(w); };
+        try {
+            m_writer.erstellePDFDateiImPfad(pfad(u"bild.pdf"_s), *m_rechnung);
+            ADD_FAILURE() << "drawn";
+        } catch (const FKRDokumentZuGross &fehler) {
+            EXPECT_EQ(fehler.art(), FKRDokumentZuGross::Art::Bild);
+            EXPECT_STREQ(fehler.what(), fall.meldung);
+        }
+    }
+}
+
+TEST_F(PDFWriter, AnImageOnEveryPageIsReadOnceAndHeldOnceInTheFile)
+{
+    // Noise, which no compression shrinks: each copy in the file would add its full size.
+    QImage rauschen(200, 200, QImage::Format_RGB32);
+    for (int y = 0; y < rauschen.height(); ++y)
+        for (int x = 0; x < rauschen.width(); ++x)
+            rauschen.setPixel(x, y, QRandomGenerator::global()->generate() | 0xFF000000u);
+    QByteArray bild;
+    QBuffer puffer(&bild);
+    puffer.open(QIODevice::WriteOnly);
+    rauschen.save(&puffer, "PNG");
+    const auto seiten = [&](int anzahl) {
+        return [&, anzahl](ProbeWriter &w, FKRRechnung &r) {
+            for (int seite = 1; seite <= anzahl; ++seite) {
+                if (seite > 1)
+                    w.erzeugeNeueSeite(r);
+                w.zeichneBild(bild, FKRPDFWriter::Links, 0, 0, 200, 200);
+            }
+        };
+    };
+    schreibe(m_writer, u"eine.pdf"_s, seiten(1));
+    const PdfPruefung fuenf = schreibe(m_writer, u"fuenf.pdf"_s, seiten(5));
+    ASSERT_EQ(fuenf.seitenAnzahl(), 5);
+    EXPECT_LT(QFileInfo(pfad(u"fuenf.pdf"_s)).size() - QFileInfo(pfad(u"eine.pdf"_s)).size(), 200 * 200 * 3 / 2);
+    EXPECT_FALSE(flaeche(fuenf.bild(5, kDpi), rauschen.pixelColor(100, 100)).isNull());
 }
 
 TEST_F(PDFWriter, LinesAreGreyAndAreasAreFilledEitherWay)
