@@ -2,16 +2,15 @@
 
 #include "EingabeFehler.h"
 #include "FKRAbsender.h"
+#include "FKRBildLeser.h"
 #include "FKREmpfaenger.h"
 #include "FKRRechnung.h"
 #include "JsonDokumentLeser.h"
 #include "JsonEingabe.h"
 #include "ManagedObjectContext.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 
 using nlohmann::json;
 
@@ -31,9 +30,6 @@ constexpr BildSchluessel kBilder[] = {
     {"unterschriftImageFile", "unterschriftImageBinary"},
     {"geschaeftspapierImageFile", "geschaeftspapierImageBinary"},
 };
-
-// Far beyond any image the sender's slots take; only a bound on what is read at all.
-constexpr qint64 kLaengsteBildDatei = qint64(256) << 20;
 
 } // namespace
 
@@ -96,16 +92,16 @@ QByteArray JsonBeteiligteLeser::leseBildDatei(const json &wert, const std::strin
     QFile datei(name);
     if (!datei.open(QIODevice::ReadOnly))
         throw EingabeFehler(pfad, "cannot read " + zitat + ": " + datei.errorString().toStdString());
-    QByteArray bytes = datei.read(kLaengsteBildDatei + 1);
-    if (bytes.size() > kLaengsteBildDatei)
-        throw EingabeFehler(pfad, "cannot read " + zitat + ": larger than any image file the program takes");
-    if (datei.error() != QFileDevice::NoError)
-        throw EingabeFehler(pfad, "cannot read " + zitat + ": " + datei.errorString().toStdString());
+    datei.close();
 
-    // The document would silently go without the image; say so while the user is looking.
-    QBuffer puffer(&bytes);
-    puffer.open(QIODevice::ReadOnly);
-    if (!QImageReader(&puffer).canRead())
+    // The same reading and the same bounds as the sender's image slots and the documents: a file
+    // beyond them is not even read. The document would otherwise go without the image, or fail
+    // later; say so while the user is looking at this member.
+    QByteArray bytes;
+    const FKRBildLeser::Ergebnis bild = FKRBildLeser::liesDatei(name, &bytes);
+    if (bild.zuGross())
+        throw EingabeFehler(pfad, "cannot use " + zitat + ": " + bild.grund().toStdString());
+    if (!bild.gelesen())
         throw EingabeFehler(pfad, "not an image file: " + zitat);
     return bytes;
 }

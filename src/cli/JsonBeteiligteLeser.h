@@ -21,8 +21,9 @@ class ManagedObjectContext;
 // logoImageBinary, unterschriftImageBinary and geschaeftspapierImageBinary. A relative file name
 // is taken from the folder handed to the constructor (the folder of the input file), so a
 // document and its images can move together. null leaves the image out; a file that cannot be
-// read or is no image is an EingabeFehler naming the member ("absender.logoImageFile"), and so is
-// a file given together with the image data it replaces.
+// read, is no image or is beyond the bounds of FKRBildLeser (32 MB, 32 megapixels) is an
+// EingabeFehler naming the member ("absender.logoImageFile"), and so is a file given together
+// with the image data it replaces.
 class JsonBeteiligteLeser
 {
 public:

@@ -2,6 +2,7 @@
 
 #include "AmountsCommand.h"
 #include "EingabeFehler.h"
+#include "FKRDokumentZuGross.h"
 #include "FKRFehlenderWert.h"
 #include "FKRPDFLayout.h"
 #include "FKRRechnung.h"
@@ -150,9 +151,12 @@ Options:
   --locale LOCALE  The user's locale for this run (de_DE, en_US, ...), which decides how
                    amounts are written; otherwise it comes from the environment (LANG, LC_ALL).
 
+Every document is held to bounds far beyond any real letter or invoice: at most 1,000 pages,
+2,000,000 characters of text, and images of at most 32 MB and 32 megapixels each.
+
 Exit status 0 on success; 2 with one line on standard error naming the offending key or
-argument when the input cannot be used, including an amount that cannot be computed; 1 when
-the PDF cannot be written. OUTPUT.pdf is replaced only by a complete file: after a failure an
+argument when the input cannot be used, including an amount that cannot be computed and a
+document beyond the bounds; 1 when the PDF cannot be written. OUTPUT.pdf is replaced only by a complete file: after a failure an
 existing file keeps its content and no new file appears.
 )";
 }
@@ -169,6 +173,8 @@ bool RenderCommand::rendere(FKRRechnung &rechnung, const QList<FKRPosten *> &pos
     } catch (const DecimalError &ueberlauf) {
         throw betragsFehler(rechnung, posten, std::nullopt,
                             EingabeFehler({}, std::string(ueberlauf.what()) + " while computing the amounts"));
+    } catch (const FKRDokumentZuGross &grenze) {
+        throw EingabeFehler({}, std::string("cannot render the document: ") + grenze.what());
     }
     if (!layout.letzteDateiGeschrieben() && fehler)
         *fehler = layout.letzterSchreibFehler();

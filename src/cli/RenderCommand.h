@@ -23,8 +23,8 @@ public:
 
     // Writes the PDF of `rechnung` to `ausgabe` with the layout the document asks for. `posten`
     // are its items in input order, for messages. Throws EingabeFehler naming the attribute when
-    // an amount cannot be computed; returns false with `fehler` set when the file could not be
-    // written. `ausgabe` is untouched unless the complete file was written.
+    // an amount cannot be computed, and one without a key for a document beyond the bounds of
+    // FKRDokumentZuGross; returns false with `fehler` set when the file could not be written. `ausgabe` is untouched unless the complete file was written.
     static bool rendere(FKRRechnung &rechnung, const QList<FKRPosten *> &posten, const QString &ausgabe,
                         QString *fehler);
 };

@@ -84,7 +84,7 @@ FKRBildLeser::Ergebnis FKRBildLeser::lies(const QByteArray &bytes)
     return ergebnis;
 }
 
-FKRBildLeser::Ergebnis FKRBildLeser::liesDatei(const QString &pfad)
+FKRBildLeser::Ergebnis FKRBildLeser::liesDatei(const QString &pfad, QByteArray *gelesen)
 {
     const QFileInfo info(pfad);
     Ergebnis ergebnis;
@@ -103,6 +103,8 @@ FKRBildLeser::Ergebnis FKRBildLeser::liesDatei(const QString &pfad)
     const QByteArray bytes = datei.read(kMaxBytes + 1);
     if (datei.error() != QFileDevice::NoError)
         return ergebnis;
+    if (gelesen)
+        *gelesen = bytes;
     return lies(bytes);
 }
 

@@ -55,8 +55,9 @@ public:
     // Reads an image from its bytes.
     static Ergebnis lies(const QByteArray &bytes);
     // Reads an image from a file; a file larger than the bound is refused before it is read,
-    // and one that cannot be read is no picture.
-    static Ergebnis liesDatei(const QString &pfad);
+    // and one that cannot be read (a folder, a device, a missing file) is no picture. `bytes`,
+    // when given, receives what was read.
+    static Ergebnis liesDatei(const QString &pfad, QByteArray *bytes = nullptr);
 
     // The size of an image on paper in points: from its own resolution, one point per pixel when
     // it states none. A file without a resolution gets that of a new image (the screen's), which

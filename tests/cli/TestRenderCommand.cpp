@@ -3,10 +3,13 @@
 #include "../model/StoreTestSupport.h"
 
 #include "FKRAbsender.h"
+#include "FKRBildLeser.h"
+#include "FKRDokumentZuGross.h"
 #include "JsonBeteiligteLeser.h"
 #include "ManagedObjectContext.h"
 #include "QBBenutzerEinstellungen.h"
 #include "CliLauf.h"
+#include "Testbilder.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -153,6 +156,13 @@ TEST_F(RenderTest, LetterAndLocaleHoldForTheRunOnly)
 TEST_F(RenderTest, BadInputAndAmountFailuresLeaveOutputAlone)
 {
     storetest::writeFile(pfad("kein-bild.png"), "no image at all");
+    // Images beyond the bounds: one of 40000 x 40000 pixels (only its header is read), and a
+    // file of more than 32 MB (not read at all).
+    const QByteArray riesig = testbilder::jpegMitKopf({40000, 40000});
+    storetest::writeFile(pfad("riesig.jpg"), riesig);
+    QFile lang(pfad("lang.png"));
+    ASSERT_TRUE(lang.open(QIODevice::WriteOnly) && lang.resize(FKRBildLeser::kMaxBytes + 1));
+    lang.close();
     auto mit = [&](const char *zeiger, json wert) {
         json d = dokument;
         d[json::json_pointer(zeiger)] = std::move(wert);
@@ -166,6 +176,13 @@ TEST_F(RenderTest, BadInputAndAmountFailuresLeaveOutputAlone)
         {mit("/absender/unterschriftImageFile", "kein-bild.png"), R"("absender.unterschriftImageFile": not an image)"},
         {mit("/absender/geschaeftspapierImageFile", 7), R"("absender.geschaeftspapierImageFile": expected the name)"},
         {mit("/absender/logoImageBinary", "iVBORw=="), R"("absender.logoImageFile": give either)"},
+        {mit("/absender/logoImageFile", "riesig.jpg"), R"("absender.logoImageFile": cannot use ")"},
+        {mit("/absender/unterschriftImageFile", "lang.png"), R"("absender.unterschriftImageFile": cannot use ")"},
+        {mit("/absender/unterschriftImageBinary", riesig.toBase64().toStdString()),
+         "cannot render the document: an image of the sender cannot be used: the image is 40000 x 40000 pixels; "
+         "at most 32 megapixels are taken\n"},
+        {mit("/rechnungsText", std::string(FKRDokumentZuGross::kMaxZeichen + 1, 'x')),
+         "cannot render the document: the document's texts come to more than 2,000,000 characters\n"},
         {mit("/empfaenger", "Kunde AG"), R"("empfaenger": expected an object)"},
         {mit("/rabatt", nullptr), R"("rabatt": missing value)"},
         {mit("/posten/1", {{"anzahl", "2"}, {"einzelbetrag", nullptr}}), R"("posten[1].einzelbetrag": missing value)"},

@@ -1,7 +1,7 @@
 // Reading the bytes of a picture: the formats taken, its size on paper, and the bounds on bytes
 // and pixels, which are checked before anything is decoded.
 #include "FKRBildLeser.h"
-#include "WriterTestSupport.h"
+#include "Testbilder.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -11,7 +11,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 using Ablehnung = FKRBildLeser::Ablehnung;
-using writertest::jpegMitKopf;
+using testbilder::jpegMitKopf;
 
 namespace {
 

@@ -14,11 +14,12 @@
 #include "FKRRechnung.h"
 #include "ManagedObjectContext.h"
 #include "PdfPruefung.h"
-#include "WriterTestSupport.h"
+#include "Testbilder.h"
 
 #include <QTemporaryDir>
 
 #include <cmath>
+#include <functional>
 #include <QTimeZone>
 #include <gtest/gtest.h>
 
@@ -336,7 +337,7 @@ TEST_F(LayoutTest, ADocumentThatCannotBeDrawnLeavesTheOldFileInPlace)
         {"a signature of 40000 x 40000 pixels",
          [&](FKRRechnung &r) {
              auto *absender = m_context.insertNewObject<FKRAbsender>();
-             absender->setUnterschriftImageBinary(writertest::jpegMitKopf({40000, 40000}));
+             absender->setUnterschriftImageBinary(testbilder::jpegMitKopf({40000, 40000}));
              r.setAbsender(absender);
          },
          zuGross(FKRDokumentZuGross::Art::Bild)},

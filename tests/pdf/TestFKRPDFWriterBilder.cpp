@@ -2,6 +2,7 @@
 // their boxes without enlarging or distortion, from bytes or file URLs, nothing for anything
 // that is not a picture; grey lines and filled rectangles.
 #include "FKRDokumentZuGross.h"
+#include "Testbilder.h"
 #include "WriterTestSupport.h"
 
 #include <QFile>
@@ -116,7 +117,7 @@ TEST_F(PDFWriter, AStoredImageBeyondTheBoundsRefusesTheDocument)
         std::function<double(ProbeWriter &)> zeichne;
         const char *meldung;
     } faelle[] = {
-        {[](ProbeWriter &w) { return w.zeichneBild(jpegMitKopf({40000, 40000}), FKRPDFWriter::Links, 0, 0, 100, 100); },
+        {[](ProbeWriter &w) { return w.zeichneBild(testbilder::jpegMitKopf({40000, 40000}), FKRPDFWriter::Links, 0, 0, 100, 100); },
          "an image of the sender cannot be used: the image is 40000 x 40000 pixels; at most 32 megapixels are taken"},
         {[&](ProbeWriter &w) {
              return w.zeichneBildMitDateiPfad(QUrl::fromLocalFile(lang).toString(), FKRPDFWriter::Links, 0, 0, 100, 100);

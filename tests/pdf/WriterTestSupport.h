@@ -80,25 +80,6 @@ inline QByteArray png(QSize pixel, QColor farbe, int punkteJeMeter = 2835)
     return daten;
 }
 
-// A JPEG whose header states `groesse`, with the scan of a tiny picture behind it: what the
-// header says is all that is known of a picture before it is decoded.
-inline QByteArray jpegMitKopf(QSize groesse)
-{
-    QImage bild(16, 16, QImage::Format_RGB32);
-    bild.fill(Qt::darkCyan);
-    QByteArray jpeg;
-    QBuffer puffer(&jpeg);
-    puffer.open(QIODevice::WriteOnly);
-    bild.save(&puffer, "JPEG");
-    const qsizetype rahmen = jpeg.indexOf("\xFF\xC0");
-    EXPECT_GE(rahmen, 0);
-    jpeg[rahmen + 5] = char(groesse.height() >> 8);
-    jpeg[rahmen + 6] = char(groesse.height() & 0xFF);
-    jpeg[rahmen + 7] = char(groesse.width() >> 8);
-    jpeg[rahmen + 8] = char(groesse.width() & 0xFF);
-    return jpeg;
-}
-
 // Size in points of an image of `pixel` at `punkteJeMeter`, as paper measures it.
 inline double punkte(int pixel, int punkteJeMeter = 2835)
 {
