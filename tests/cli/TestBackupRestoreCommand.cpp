@@ -221,14 +221,17 @@ TEST_F(BackupRestore, EinArchivOhneBrauchbarenStoreWirdAbgelehntOhneEtwasZuAende
     }
     EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
 
-    // A usable store whose last save is still in its write-ahead log: the log comes along and
-    // is folded into the store. What killed restores left goes; what one still holds stays.
+    // A usable store of an older version whose last save is still in its write-ahead log: the
+    // log comes along and is folded into the store. What killed restores left goes; what one
+    // still holds stays.
     const QString wal = werkstatt.path() + "/wal.storedata";
     ziptest::schreibe(wal, ziptest::guterStore(werkstatt.path()));
     QByteArray store, log;
     {
         storetest::RawSql roh(wal);
         roh.mustExec("PRAGMA journal_mode = WAL; PRAGMA wal_autocheckpoint = 0;"
+                     "UPDATE VelmoraStoreMetadata SET value = '0' WHERE key = 'schemaVersion';"
+                     "ALTER TABLE FKRRechnung DROP COLUMN skonto;"
                      "UPDATE FKRRechnung SET rechnungsNummer = 'Aus dem Log'");
         store = ziptest::lies(wal);
         log = ziptest::lies(wal + "-wal");
