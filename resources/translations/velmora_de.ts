@@ -433,6 +433,10 @@
         <translation>Bilddatei hierher ziehen (JPG, PNG, TIFF)</translation>
     </message>
     <message>
+        <source>EDITOR_BILD_ZU_GROSS</source>
+        <translation>Bild zu groß (mehr als 32 Megapixel oder 32 MB), bitte ersetzen</translation>
+    </message>
+    <message>
         <source>EDITOR_HINWEIS_KEINE_ZAHL</source>
         <translation>Das ist keine gültige Zahl. Der Wert wird erst übernommen, wenn er korrigiert ist.</translation>
     </message>
@@ -748,12 +752,20 @@
     </message>
     <!-- Alert texts -->
     <message>
+        <source>ALERT_TEXT_ABSENDERBILD_ZU_GROSS</source>
+        <translation>Ein Bild des Absenders (Logo, Unterschrift oder Geschäftspapier) ist größer als 32 Megapixel oder 32 MB, deshalb kann das Dokument nicht angezeigt werden. Ersetze das Bild im Editor auf der Seite des Absenders durch ein kleineres.</translation>
+    </message>
+    <message>
         <source>ALERT_TEXT_APP_UNSUPPORTED</source>
         <translation>Diese Version von Velmora Rechnungen ist für dein Betriebssystem nicht freigegeben. Das Programm startet, einzelne Funktionen können aber fehlen oder nicht richtig arbeiten. Bitte prüfe, ob es eine passende Version von Velmora Rechnungen für dein System gibt.</translation>
     </message>
     <message>
         <source>ALERT_TEXT_APP_SUPPORTED_UPTO_10_15</source>
         <translation>Velmora Rechnungen unterstützt dein Betriebssystem nur noch bis einschließlich Version 10.15. Künftige Versionen des Programms setzen ein neueres System voraus. Aktualisiere dein Betriebssystem, um weiterhin Updates zu erhalten; deine Daten bleiben dabei erhalten.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_BILD_ZU_GROSS</source>
+        <translation>Dieses Bild ist zu groß. Bitte verwende ein Bild mit höchstens 32 Megapixeln (zum Beispiel 4.000 × 8.000 Pixel) und höchstens 32 MB.</translation>
     </message>
     <message>
         <source>ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING</source>
@@ -766,6 +778,10 @@
     <message>
         <source>ALERT_TEXT_DELETE</source>
         <translation>Möchtest du die ausgewählten Einträge wirklich löschen? Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DOKUMENT_ZU_GROSS</source>
+        <translation>Dieses Dokument ist zu lang, um angezeigt oder gedruckt zu werden: Es hätte mehr als 1.000 Seiten oder mehr als 2.000.000 Zeichen Text. Kürze die Texte oder verteile die Posten auf mehrere Dokumente.</translation>
     </message>
     <message>
         <source>ALERT_TEXT_ICLOUD</source>

@@ -433,6 +433,10 @@
         <translation>Drag an image file here (JPG, PNG, TIFF)</translation>
     </message>
     <message>
+        <source>EDITOR_BILD_ZU_GROSS</source>
+        <translation>Image too large (more than 32 megapixels or 32 MB), please replace</translation>
+    </message>
+    <message>
         <source>EDITOR_HINWEIS_KEINE_ZAHL</source>
         <translation>This is not a valid number. The value is only taken once it has been corrected.</translation>
     </message>
@@ -748,12 +752,20 @@
     </message>
     <!-- Alert texts -->
     <message>
+        <source>ALERT_TEXT_ABSENDERBILD_ZU_GROSS</source>
+        <translation>An image of the sender (logo, signature or letterhead) is larger than 32 megapixels or 32 MB, so the document cannot be shown. Replace it with a smaller one on the sender tab of the editor.</translation>
+    </message>
+    <message>
         <source>ALERT_TEXT_APP_UNSUPPORTED</source>
         <translation>This version of Velmora Rechnungen is not approved for your operating system. The program will start, but some features may be missing or may not work correctly. Please check whether a suitable version of Velmora Rechnungen is available for your system.</translation>
     </message>
     <message>
         <source>ALERT_TEXT_APP_SUPPORTED_UPTO_10_15</source>
         <translation>Velmora Rechnungen supports your operating system only up to version 10.15. Future versions of the program will require a newer system. Update your operating system to keep receiving updates; your data will be kept.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_BILD_ZU_GROSS</source>
+        <translation>This image is too large. Please use an image of at most 32 megapixels (for example 4,000 × 8,000 pixels) and at most 32 MB.</translation>
     </message>
     <message>
         <source>ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING</source>
@@ -766,6 +778,10 @@
     <message>
         <source>ALERT_TEXT_DELETE</source>
         <translation>Do you really want to delete the selected entries? This cannot be undone.</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_DOKUMENT_ZU_GROSS</source>
+        <translation>This document is too long to be shown or printed: it would run to more than 1,000 pages or more than 2,000,000 characters of text. Shorten its texts or spread its items over several documents.</translation>
     </message>
     <message>
         <source>ALERT_TEXT_ICLOUD</source>

@@ -3,6 +3,7 @@
 #include "FKRAbsender.h"
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
+#include "FKRBildLeser.h"
 #include "FKRLocalizationHelper.h"
 
 #include <QApplication>
@@ -42,14 +43,7 @@ bool FKRImageView::istAkzeptierterDateiTyp(const QUrl &datei)
 
 QSizeF FKRImageView::groesseInPunkten(const QImage &bild)
 {
-    // A file without a resolution gets that of a new image (the screen's); it counts as none,
-    // as it does when the documents draw the image.
-    const QImage ohneAngabe(1, 1, QImage::Format_RGB32);
-    const auto punkteJeBildpunkt = [](int punkteJeMeter, int standard) {
-        return punkteJeMeter > 0 && punkteJeMeter != standard ? 72.0 / (punkteJeMeter * 0.0254) : 1.0;
-    };
-    return QSizeF(bild.width() * punkteJeBildpunkt(bild.dotsPerMeterX(), ohneAngabe.dotsPerMeterX()),
-                  bild.height() * punkteJeBildpunkt(bild.dotsPerMeterY(), ohneAngabe.dotsPerMeterY()));
+    return FKRBildLeser::groesseInPunkten(bild);
 }
 
 FKRImageView::FKRImageView(FKRAppDelegate &delegate, QWidget *parent)
@@ -97,15 +91,21 @@ void FKRImageView::zeigeGespeichertesBild()
     if (m_quelle == quelle)
         return;
     m_quelle = quelle;
-    QImage bild;
+    FKRBildLeser::Ergebnis gelesen;
     if (quelle.bytes) {
-        bild = QImage::fromData(*quelle.bytes);
+        gelesen = FKRBildLeser::lies(*quelle.bytes);
     } else if (quelle.pfad) {
         const QUrl ort(*quelle.pfad, QUrl::StrictMode);
         if (ort.isValid() && ort.isLocalFile())
-            bild = QImage(ort.toLocalFile());
+            gelesen = FKRBildLeser::liesDatei(ort.toLocalFile());
     }
-    zeige(bild);
+    zeige(gelesen.bild);
+    // An image stored before the bounds (an older version, a restored backup) is not decoded; the
+    // slot says so, and the image can be replaced or deleted like any other.
+    if (gelesen.zuGross()) {
+        m_zuGross = true;
+        setText(FKRLocalizationHelper::hauptTabellenText(QStringLiteral("EDITOR_BILD_ZU_GROSS")));
+    }
 }
 
 void FKRImageView::waehleBildDatei()
@@ -127,16 +127,22 @@ bool FKRImageView::uebernehmeDatei(const QUrl &datei)
         zeigeWarnung(typWarnungsSchluessel());
         return false;
     }
-    const QImage bild = QImageReader(datei.toLocalFile()).read();
-    if (bild.isNull()) {
+    // Read as the documents read it, within the same bounds: a file beyond them is not read, a
+    // picture beyond them not decoded.
+    const FKRBildLeser::Ergebnis gelesen = FKRBildLeser::liesDatei(datei.toLocalFile());
+    if (gelesen.zuGross()) {
+        zeigeWarnung(QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_BILD_ZU_GROSS")));
+        return false;
+    }
+    if (!gelesen.gelesen()) {
         zeigeWarnung(typWarnungsSchluessel());
         return false;
     }
-    if (!pruefeBild(bild) || !speichereBytes(*m_absender, datei))
+    if (!pruefeBild(gelesen.bild) || !speichereBytes(*m_absender, datei))
         return false;
     m_imageFileURL = datei;
     m_quelle = Quelle{gespeicherteBytes(*m_absender), std::nullopt};
-    zeige(bild);
+    zeige(gelesen.bild);
     m_delegate.saveAction();
     Q_EMIT bildGespeichert();
     return true;
@@ -217,7 +223,7 @@ void FKRImageView::mousePressEvent(QMouseEvent *event)
 
 void FKRImageView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (!(event->buttons() & Qt::LeftButton) || !zeigtBild()
+    if (!(event->buttons() & Qt::LeftButton) || m_bild.isNull()
         || (event->position().toPoint() - m_druckPunkt).manhattanLength() < QApplication::startDragDistance()) {
         QLabel::mouseMoveEvent(event);
         return;
@@ -252,6 +258,7 @@ void FKRImageView::resizeEvent(QResizeEvent *event)
 void FKRImageView::zeige(const QImage &bild)
 {
     m_bild = bild;
+    m_zuGross = false;
     if (m_bild.isNull()) {
         setPixmap(QPixmap());
         setText(platzhalter());

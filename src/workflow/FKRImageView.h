@@ -42,7 +42,9 @@ public:
     // The file last taken in, nullopt before the first.
     const std::optional<QUrl> &imageFileURL() const { return m_imageFileURL; }
     const QImage &bild() const { return m_bild; }
-    bool zeigtBild() const { return !m_bild.isNull(); }
+    // Whether the slot holds an image: one it shows, or a stored one beyond the bounds of the
+    // image reader, which it names instead of showing.
+    bool zeigtBild() const { return !m_bild.isNull() || m_zuGross; }
 
     // Empties the slot, then shows the sender's stored bytes, or else the image its stored path
     // (a URL text) refers to.
@@ -51,7 +53,8 @@ public:
     // like a dropped one.
     void waehleBildDatei();
     // Checks, shows and stores the file; false, with nothing stored, when it is refused. A
-    // refused type or size is explained in an alert.
+    // refused type or size is explained in an alert, and so is a file beyond the bounds of the
+    // image reader (FKRBildLeser: 32 MB, 32 megapixels).
     bool uebernehmeDatei(const QUrl &datei);
 
     // The slot's pair of attributes in the sender.
@@ -104,5 +107,6 @@ private:
     std::optional<Quelle> m_quelle;
     std::optional<QUrl> m_imageFileURL;
     QImage m_bild;
+    bool m_zuGross = false;
     QPoint m_druckPunkt;
 };

@@ -9,6 +9,7 @@
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
 #include "FKRArrayController.h"
+#include "FKRDokumentZuGross.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRMenuViewController.h"
 #include "FKRPDFLayout.h"
@@ -201,6 +202,17 @@ bool FKRRechnungsAnsichtViewController::rendere(FKRRechnung &rechnung, const QSt
     FKRPDFLayout &layout = FKRPDFLayout::fuerRechnung(rechnung);
     try {
         layout.erstellePDFDateiImPfad(pfad, rechnung);
+    } catch (const FKRDokumentZuGross &grenze) {
+        // Beyond the bounds every document is held to: the user learns why the view stays empty.
+        qWarning("Could not render the document %s: %s", qPrintable(nummerVon(rechnung)), grenze.what());
+        const bool bild = grenze.art() == FKRDokumentZuGross::Art::Bild;
+        m_delegate.presenter().zeigeAlert(
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TITLE_HINWEIS")),
+             bild ? QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_ABSENDERBILD_ZU_GROSS"))
+                  : QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_DOKUMENT_ZU_GROSS")),
+             {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "BUTTON_TITLE_OK"))},
+             FKRAlert::Stil::Warnung});
+        return false;
     } catch (const std::exception &fehler) {
         qWarning("Could not render the document %s: %s", qPrintable(nummerVon(rechnung)), fehler.what());
         return false;

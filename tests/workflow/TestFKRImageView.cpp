@@ -5,6 +5,7 @@
 #include "WorkflowTestSupport.h"
 
 #include "FKRAbsender.h"
+#include "FKRBildLeser.h"
 #include "FKREditorAbsenderTab.h"
 #include "FKRGeschaeftspapierImageView.h"
 #include "FKRLogoImageView.h"
@@ -13,6 +14,7 @@
 #include "FKRRechnungsDetailsViewController.h"
 #include "FKRRechnungsDetailsWindowController.h"
 #include "FKRUnterschriftImageView.h"
+#include "Testbilder.h"
 
 #include <QCheckBox>
 #include <QDropEvent>
@@ -152,6 +154,49 @@ TEST_F(BildFeldTest, GeschaeftspapierMussSoBreitWieDieSeiteSein)
     presenter.alerts.clear();
     EXPECT_FALSE(lasseFallen(papier, bild(u"papier.bmp"_s, 700)));
     EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING"_s});
+}
+
+TEST_F(BildFeldTest, BilderJenseitsDerGrenzenWerdenAbgelehntUndGespeicherteBenannt)
+{
+    FKRLogoImageView logo(*delegate);
+    FKRUnterschriftImageView unterschrift(*delegate);
+    FKRGeschaeftspapierImageView papier(*delegate);
+    // 40000 x 40000 pixels (only the header is read), and a file of 32 MB and a byte (not read).
+    const QByteArray riesig = testbilder::jpegMitKopf({40000, 40000});
+    const QString vielePixel = ordner.filePath(u"riesig.jpg"_s);
+    QFile datei(vielePixel);
+    ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
+    datei.write(riesig);
+    datei.close();
+    const QString langeDatei = bild(u"lang.png"_s, 700);
+    QFile lang(langeDatei);
+    ASSERT_TRUE(lang.resize(FKRBildLeser::kMaxBytes + 1));
+
+    for (FKRImageView *feld : {static_cast<FKRImageView *>(&logo), static_cast<FKRImageView *>(&unterschrift),
+                               static_cast<FKRImageView *>(&papier)}) {
+        feld->setAbsender(absender);
+        for (const QString &pfad : {vielePixel, langeDatei}) {
+            SCOPED_TRACE(testing::Message() << feld->metaObject()->className() << " " << pfad.toStdString());
+            presenter.alerts.clear();
+            EXPECT_FALSE(lasseFallen(*feld, pfad));
+            EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_BILD_ZU_GROSS"_s});
+            EXPECT_FALSE(feld->zeigtBild());
+        }
+    }
+    EXPECT_EQ(absender->logoImageBinary(), std::nullopt);
+    EXPECT_EQ(absender->unterschriftImageBinary(), std::nullopt);
+    EXPECT_EQ(absender->geschaeftspapierImageBinary(), std::nullopt);
+
+    // Stored before the bounds (an older version, a restored backup): named, not decoded, and
+    // held like an image, so it can be deleted.
+    absender->setLogoImageBinary(riesig);
+    logo.zeigeGespeichertesBild();
+    EXPECT_TRUE(logo.zeigtBild());
+    EXPECT_TRUE(logo.bild().isNull());
+    EXPECT_EQ(logo.text(), FKRLocalizationHelper::hauptTabellenText(u"EDITOR_BILD_ZU_GROSS"_s));
+    absender->setLogoImageBinary(std::nullopt);
+    logo.zeigeGespeichertesBild();
+    EXPECT_FALSE(logo.zeigtBild());
 }
 
 TEST_F(BildFeldTest, ZiehenZwischenFeldernDerselbenArtWirdAbgelehnt)

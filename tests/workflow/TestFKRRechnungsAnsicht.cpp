@@ -7,11 +7,13 @@
 #include "FKRAnsichtAktionsBox.h"
 #include "FKRHilfeBox.h"
 #include "FKRAbsender.h"
+#include "FKRDokumentZuGross.h"
 #include "FKREmpfaenger.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
 #include "FKRUhr.h"
 #include "QBBenutzerEinstellungen.h"
+#include "Testbilder.h"
 
 #include <QDateTimeEdit>
 #include <QDir>
@@ -26,6 +28,8 @@
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QToolButton>
+
+#include <functional>
 
 using namespace workflowtest;
 using namespace Qt::Literals::StringLiterals;
@@ -166,6 +170,37 @@ TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
     ansicht->aktualisiereAnsicht();
     EXPECT_TRUE(sichtbar(ansicht->mahnungButtonBox()));
     EXPECT_EQ(ansicht->mahnungButtonBox()->labelFarbe(), kRot);
+}
+
+TEST_F(AnsichtTest, EinDokumentJenseitsDerGrenzenSagtWarumDieAnsichtLeerBleibt)
+{
+    const struct
+    {
+        const char *fall;
+        std::function<void(FKRRechnung &)> aendere;
+        QString alert;
+    } faelle[] = {
+        {"too much text", [](FKRRechnung &r) { r.setRechnungsText(QString(FKRDokumentZuGross::kMaxZeichen + 1, u'x')); },
+         u"ALERT_TEXT_DOKUMENT_ZU_GROSS"_s},
+        {"a signature of 40000 x 40000 pixels",
+         [](FKRRechnung &r) { r.absender()->setUnterschriftImageBinary(testbilder::jpegMitKopf({40000, 40000})); },
+         u"ALERT_TEXT_ABSENDERBILD_ZU_GROSS"_s},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.fall);
+        FKRRechnung *r = dokument(QString::fromLatin1(fall.fall));
+        fall.aendere(*r);
+        presenter.alerts.clear();
+        zeige(r);
+        EXPECT_EQ(presenter.alertTexte(), QStringList{fall.alert});
+        EXPECT_EQ(presenter.alerts.value(0).titelSchluessel, u"ALERT_TITLE_HINWEIS"_s);
+        EXPECT_EQ(ansicht->pdfDocument()->pageCount(), 0);
+    }
+    // An ordinary document after them is shown without a word.
+    presenter.alerts.clear();
+    zeige(dokument(u"Rechnung: 19"_s));
+    EXPECT_TRUE(presenter.alerts.isEmpty());
+    EXPECT_TRUE(angezeigterText().contains(u"Rechnung: 19"_s));
 }
 
 TEST_F(AnsichtTest, BezahltIstEinSchalterDerDasErsteDatumBehaelt)
