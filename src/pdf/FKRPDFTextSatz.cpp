@@ -162,7 +162,7 @@ QStringList FKRPDFTextSatz::zeilenTexte() const
     return texte;
 }
 
-void FKRPDFTextSatz::zeichne(QPainter &painter, QPointF obenLinks) const
+void FKRPDFTextSatz::zeichne(QPainter &painter, QPointF obenLinks, const QRectF &sichtbar) const
 {
-    m_layout.draw(&painter, obenLinks);
+    m_layout.draw(&painter, obenLinks, {}, sichtbar);
 }

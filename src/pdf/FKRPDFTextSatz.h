@@ -38,8 +38,9 @@ public:
     // The text of each line as laid out, with its trailing blanks and line separator.
     QStringList zeilenTexte() const;
 
-    // Draws the lines with the box's top-left corner at `obenLinks` (device units).
-    void zeichne(QPainter &painter, QPointF obenLinks) const;
+    // Draws the lines with the box's top-left corner at `obenLinks` (device units); only those
+    // that reach into `sichtbar` (the page), when it is given.
+    void zeichne(QPainter &painter, QPointF obenLinks, const QRectF &sichtbar = QRectF()) const;
 
 private:
     QTextLayout m_layout;

@@ -142,7 +142,10 @@ double FKRPDFWriter::schreibeText(const std::optional<QString> &text, int ausric
     // The height berechneTextBoxFuerString measures (with the standard spacing, never cut to the
     // height limit), taken from the same lines instead of setting the text twice.
     const double gemessen = satz.hoehe(einfach(0.15));
-    satz.zeichne(datei().painter(), datei().geraetePunkt(x, y));
+    // A text that runs off the page is drawn no further than the page: what follows it would
+    // never be seen, only make the file long.
+    satz.zeichne(datei().painter(), datei().geraetePunkt(x, y),
+                 QRectF(datei().geraetePunkt(0.0, 0.0), datei().geraetePunkt(m_pageSize.width(), m_pageSize.height())));
     if (!zeilenumbruch)
         return y;
     // The box is the height measured with the standard spacing. Text laid out with wider spacing

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 
 using namespace Qt::Literals::StringLiterals;
@@ -62,6 +63,28 @@ TEST_F(PDFWriter, AFileIsHeldToAThousandPagesAndTwoMillionCharactersOfText)
     });
     EXPECT_EQ(wieder.seitenAnzahl(), 2);
     EXPECT_TRUE(wieder.finde(2, u"Wieder da"_s));
+}
+
+TEST_F(PDFWriter, TextRunningOffThePageEndsAtItsEdge)
+{
+    const auto zeilen = [](int anzahl) {
+        QStringList text;
+        for (int i = 1; i <= anzahl; ++i)
+            text << u"Zeile %1"_s.arg(i);
+        return text.join(u'\n');
+    };
+    double unten = 0;
+    const PdfPruefung drei = schreibe(m_writer, u"drei.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
+        w.schreibeText(zeilen(3), FKRPDFWriter::Links, m_font, 100, 780, 300, 100, true);
+    });
+    const PdfPruefung viele = schreibe(m_writer, u"viele.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
+        unten = w.schreibeText(zeilen(2000), FKRPDFWriter::Links, m_font, 100, 780, 300, 100, true);
+    });
+    // What reaches into the page is drawn, what lies below it is not in the file at all, and the
+    // text still takes its whole height.
+    EXPECT_EQ(viele.text(1), drei.text(1));
+    EXPECT_LT(QFileInfo(viele.pfad()).size() - QFileInfo(drei.pfad()).size(), 1000);
+    EXPECT_GT(unten, 780 + 1999 * 12 * FKRPDFSchriften::kZeilenhoehe);
 }
 
 TEST_F(PDFWriter, PageGeometryIsTakenFromTheSettingAtConstruction)
