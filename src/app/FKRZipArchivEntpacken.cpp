@@ -44,6 +44,18 @@ bool istSchlichterName(const QString &name)
            && !name.contains(QLatin1Char('\\')) && !name.contains(QChar(0));
 }
 
+// A name from the archive as it may appear in a one-line reason: control characters (a line
+// break in a name would split the message) shown as "?", and no longer than a name can be.
+QString alsZeile(const QString &name)
+{
+    QString zeile = name.left(int(kMaxNamensLaenge));
+    for (QChar &c : zeile) {
+        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+            c = QLatin1Char('?');
+    }
+    return zeile;
+}
+
 struct UnzipDatei {
     unzFile datei;
     ~UnzipDatei()
@@ -111,7 +123,7 @@ QString pruefeEintrag(unzFile zip, const QStringList &erlaubteNamen, unz_file_in
         ascii = ascii && static_cast<unsigned char>(c) < 0x80;
     if ((!ascii && !(info.flag & kNameInUtf8)) || name.toUtf8() != bytes || !istSchlichterName(name)
         || !erlaubteNamen.contains(name)) {
-        *grund = QStringLiteral("the entry \"%1\" is not one of the store files").arg(name);
+        *grund = QStringLiteral("the entry \"%1\" is not one of the store files").arg(alsZeile(name));
         return {};
     }
     const uLong macher = (info.version >> 8) & 0xff;

@@ -171,6 +171,7 @@ TEST_F(FKRZipArchivTest, UnsichereOderBeschaedigteArchiveWerdenAbgelehntOhneEtwa
         {"backslash", [&](const QString &p) { baueArchiv(p, mitGutemZuerst({"..\\" + kWal.toUtf8(), "x"})); }},
         {"bare ..", [&](const QString &p) { baueArchiv(p, mitGutemZuerst({"..", "x"})); }},
         {"name not allowed", [&](const QString &p) { baueArchiv(p, mitGutemZuerst({"autostart.sh", "x"})); }},
+        {"name with a line break", [&](const QString &p) { baueArchiv(p, mitGutemZuerst({"a\nb\r\x1b", "x"})); }},
         {"symbolic link", [&](const QString &p) { baueArchiv(p, mitGutemZuerst(link)); }},
         {"Unix folder", [&](const QString &p) { baueArchiv(p, mitGutemZuerst(ordnerUnix)); }},
         {"DOS folder", [&](const QString &p) { baueArchiv(p, mitGutemZuerst(ordnerDos)); }},
@@ -206,6 +207,7 @@ TEST_F(FKRZipArchivTest, UnsichereOderBeschaedigteArchiveWerdenAbgelehntOhneEtwa
         QString fehler;
         EXPECT_EQ(FKRZipArchiv::entpackeSicher(archiv, ziel, kStoreNamen, &fehler), Ergebnis::Abgelehnt);
         EXPECT_FALSE(fehler.isEmpty());
+        EXPECT_FALSE(fehler.contains(QLatin1Char('\n')) || fehler.contains(QLatin1Char('\r'))) << fehler.toStdString();
         EXPECT_EQ(unterschiede(vorher, baum(wurzel.path())), "");
     }
     EXPECT_EQ(FKRZipArchiv::entpackeSicher(pfad(QStringLiteral("gibt-es-nicht.fks")), ziel, kStoreNamen), Ergebnis::Abgelehnt);

@@ -14,16 +14,20 @@
 #include <QDirIterator>
 #include <QFile>
 
+#include <cstdio>
 #include <cstdlib>
 #include <map>
 
 namespace {
 
-void pruefe(bool bedingung)
+void pruefeBei(bool bedingung, int zeile)
 {
-    if (!bedingung)
+    if (!bedingung) {
+        std::fprintf(stderr, "fault at line %d\n", zeile);
         std::abort();
+    }
 }
+#define erwarte(b) pruefeBei((b), __LINE__)
 
 // Every file below `ordner` (hidden ones too) with a hash of its bytes.
 std::map<QString, QByteArray> inhalt(const QString &ordner)
@@ -33,7 +37,7 @@ std::map<QString, QByteArray> inhalt(const QString &ordner)
     while (it.hasNext()) {
         const QString pfad = it.next();
         QFile datei(pfad);
-        pruefe(datei.open(QIODevice::ReadOnly));
+        erwarte(datei.open(QIODevice::ReadOnly));
         dateien[QDir(ordner).relativeFilePath(pfad)] = QCryptographicHash::hash(datei.readAll(), QCryptographicHash::Sha256);
     }
     return dateien;
@@ -52,10 +56,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t gro
     const QString arbeit = FuzzUmgebung::arbeitsOrdner();
     const QString archiv = FuzzUmgebung::alsDatei(daten, groesse, QStringLiteral("archiv.fks"));
     const QString datenOrdner = arbeit + QStringLiteral("/daten");
-    pruefe(QDir().mkpath(datenOrdner));
+    erwarte(QDir().mkpath(datenOrdner));
     {
         QFile alt(datenOrdner + QLatin1Char('/') + QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
-        pruefe(alt.open(QIODevice::WriteOnly) && alt.write("the store before") > 0);
+        erwarte(alt.open(QIODevice::WriteOnly) && alt.write("the store before") > 0);
     }
     const auto vorher = inhalt(arbeit);
 
@@ -68,9 +72,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t gro
         FKRStoreEinspielung einspielung(datenOrdner, grenzen);
         const FKRZipArchiv::Ergebnis ergebnis = einspielung.pruefe(archiv, &fehler);
         if (ergebnis == FKRZipArchiv::Ergebnis::Erfolg) {
-            pruefe(einspielung.setzeEin(&fehler));
+            erwarte(einspielung.setzeEin(&fehler));
         } else {
-            pruefe(!fehler.isEmpty() && !fehler.contains(QLatin1Char('\n')));
+            erwarte(!fehler.isEmpty() && !fehler.contains(QLatin1Char('\n')));
         }
     }
     // Only the store files may have changed, and only into a store the program can open.
@@ -83,16 +87,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t gro
             continue;
         }
         geaendert = true;
-        pruefe(name.startsWith(QStringLiteral("daten/")) && FKRDatensicherung::storeDateiNamen().contains(name.mid(6)));
+        erwarte(name.startsWith(QStringLiteral("daten/")) && FKRDatensicherung::storeDateiNamen().contains(name.mid(6)));
         if (neu != nachher.end())
             nachher.erase(neu);
     }
     for (const auto &[name, hash] : nachher) { // files that were not there before
         geaendert = true;
-        pruefe(name.startsWith(QStringLiteral("daten/")) && FKRDatensicherung::storeDateiNamen().contains(name.mid(6)));
+        erwarte(name.startsWith(QStringLiteral("daten/")) && FKRDatensicherung::storeDateiNamen().contains(name.mid(6)));
     }
     if (geaendert)
-        pruefe(StoreCheck::check(datenOrdner + QLatin1Char('/') + QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName)).usable());
+        erwarte(StoreCheck::check(datenOrdner + QLatin1Char('/') + QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName)).usable());
     FuzzUmgebung::leere();
     return 0;
 }
