@@ -19,6 +19,10 @@ bool SqliteDatabase::open(const QString &path, bool create)
         return false;
     }
     sqlite3_extended_result_codes(m_db, 1);
+    // A double-quoted name that is no column is an error, never the text of the name: otherwise
+    // a store whose key column is missing loads every row under one key and saves into none.
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     return true;
 }
 

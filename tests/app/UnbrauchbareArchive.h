@@ -86,6 +86,10 @@ inline QList<UnbrauchbaresArchiv> unbrauchbareArchive()
              // The store lacks "skonto" in the program's spelling, and adding it clashes.
              return veraenderterStore(o, "ALTER TABLE FKRRechnung RENAME COLUMN skonto TO Skonto");
          }},
+        {"objects unreadable", "objects cannot be read", [](const QString &o) -> QByteArray {
+             // The items' key column under another name: every migration passes, no item loads.
+             return veraenderterStore(o, "ALTER TABLE FKRPosten RENAME COLUMN pk TO nummer");
+         }},
         {"zip bomb", "bytes allowed", [](const QString &o) -> QByteArray { return guterStore(o) + QByteArray(8 << 20, '\0'); }},
     };
 }
