@@ -170,12 +170,13 @@ TEST_F(UrlImport, NurDasSchemaMitGenauDiesemHostZaehltUndOhneEditorKommtEinHinwe
         EXPECT_TRUE(antwort.grund.startsWith(u"not a URL of the form velmora://importRechnungsPosten"_s)) << antwort.grund.toStdString();
     }
     EXPECT_TRUE(presenter.alerts.isEmpty());
-    for (const QString &url : {u"VelMora://importRechnungsPosten"_s, u"velmora://ich@importRechnungsPosten:80/p?auftrag=x#f"_s}) {
+    for (const QString &url : {u"VelMora://importRechnungsPosten"_s, u"velmora://ich@importRechnungsPosten:80/p?auftrag=x#f"_s,
+                               u"velmora://@importRechnungsPosten?auftrag=x"_s}) {
         EXPECT_FALSE(sende(url).erledigt);
         EXPECT_TRUE(antwort.grund.startsWith(u"no document is open"_s)) << antwort.grund.toStdString();
         EXPECT_EQ(alertsVorDerAntwort, presenter.alerts.size() - 1) << "the sender learns it before the alert";
     }
-    ASSERT_EQ(presenter.alerts.size(), 2);
+    ASSERT_EQ(presenter.alerts.size(), 3);
     EXPECT_EQ(presenter.alerts[0].titelSchluessel, u"ALERT_TITLE_RECHNUNG_OEFFNEN_FUER_IMPORT"_s);
     EXPECT_EQ(presenter.alerts[0].textSchluessel, u"ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT"_s);
     EXPECT_EQ(presenter.alerts[0].knopfSchluessel, QStringList{u"BUTTON_TITLE_OK"_s});
@@ -184,7 +185,7 @@ TEST_F(UrlImport, NurDasSchemaMitGenauDiesemHostZaehltUndOhneEditorKommtEinHinwe
     editorOffen = true;
     editor.dokument = nullptr;
     EXPECT_FALSE(sende(u"velmora://importRechnungsPosten?auftraggeber=Acme"_s).erledigt);
-    EXPECT_EQ(presenter.alerts.size(), 2);
+    EXPECT_EQ(presenter.alerts.size(), 3);
     EXPECT_EQ(moc.fetch<FKRPosten>().size(), 2);
     EXPECT_TRUE(moc.fetch<FKREmpfaenger>().isEmpty());
     EXPECT_EQ(speicherungen, 0);
@@ -224,9 +225,9 @@ TEST_F(UrlImport, WerteWerdenUebernommenOderDieGanzeUrlAbgelehnt)
         {u"summeStunden=5400.9&summeErtraege=120"_s, M::Keiner, "1.5", "80"}, // cut to whole seconds
         {u"summeStunden=1000&summeErtraege=25"_s, M::Keiner, "0.28", "89.29"},
         {u"summeStunden=18&summeErtraege=0.005"_s, M::Keiner, "0.01", "0.5"},
-        {u"summeStunden=3600000000&summeErtraege=0"_s, M::Keiner, "1000000", "0"},
+        {u"summeStunden=3600000000.9&summeErtraege=0"_s, M::Keiner, "1000000", "0"},
         {u"summeStunden=5400&summeErtraege=1000000000000"_s, M::Keiner, "1.5", "666666666666.67"},
-        {u"summeStunden=5400&summeErtraege=1e-127"_s, M::Keiner, "1.5", "0"},
+        {u"summeStunden=3600000000&summeErtraege=1e-128"_s, M::Keiner, "1000000", "0"}, // no cent, not even a Decimal
         {u"summeStunden=5400"_s, M::Keiner, "1.5"},
         {u"summeErtraege=120"_s, M::Keiner},
         {u"summeStunden=17&summeErtraege=1"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
