@@ -72,21 +72,15 @@ private:
     int m_position = 0;
 };
 
-// Whether a word of the engine ends after `von` and no later than `ende`. The opportunities to
-// break a line are found on the stretch around the line alone, with enough of the text before and
-// after it for the rules that look at neighbouring characters. Korean syllables count as
-// letters, as the engine takes them: a run of them is one word.
-bool wortEndetBis(const QString &text, int von, int ende)
+} // namespace
+
+bool FKRPDFTextSatz::wortEndetBis(const QString &text, int von, int ende)
 {
     // The engine shows a soft hyphen at the end of a line but not after the first word, so a
     // line that stopped before one may hold that word after all: the engine decides.
     if (ende < text.size() && text.at(ende) == QChar::SoftHyphen)
         return true;
-    int anfang = std::max(0, von - kLangerLauf);
-    // The stretch starts on a whole character: a lone low surrogate at its start would be read as
-    // a character of its own, which changes the opportunities far into the stretch.
-    if (anfang > 0 && text.at(anfang).isLowSurrogate())
-        --anfang;
+    const int anfang = std::max(0, von - kLangerLauf);
     QString umgebung = text.mid(anfang, ende + kLangerLauf - anfang);
     for (QChar &zeichen : umgebung) {
         const char16_t c = zeichen.unicode();
@@ -99,8 +93,6 @@ bool wortEndetBis(const QString &text, int von, int ende)
     const qsizetype naechster = umbrueche.toNextBoundary();
     return naechster >= 0 && anfang + naechster <= ende;
 }
-
-} // namespace
 
 FKRPDFTextSatz::FKRPDFTextSatz(const QString &text, const QFont &font, double breite, Qt::Alignment ausrichtung,
                                double zeilenabstand)

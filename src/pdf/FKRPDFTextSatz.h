@@ -38,6 +38,13 @@ public:
     // The text of each line as laid out, with its trailing blanks and line separator.
     QStringList zeilenTexte() const;
 
+    // Whether the layout engine, setting `text` by words, ends a word after `von` and no later
+    // than `ende` (the end of a line set breaking anywhere). The opportunities to break a line are
+    // found on the stretch around the line alone, with enough of the text before and after it
+    // for the rules that look at neighbouring characters. Korean syllables count as letters, as
+    // the engine takes them: a run of them is one word. Blanks are the caller's to look for.
+    static bool wortEndetBis(const QString &text, int von, int ende);
+
     // Draws the lines with the box's top-left corner at `obenLinks` (device units); only those
     // that reach into `sichtbar` (the page), when it is given.
     void zeichne(QPainter &painter, QPointF obenLinks, const QRectF &sichtbar = QRectF()) const;

@@ -71,6 +71,31 @@ TEST(FKRPDFTextSatz, LinesAreTheEnginesOwnForEveryKindOfText)
     }
 }
 
+TEST(FKRPDFTextSatz, AWordEndsWhereTheEngineWouldBreakALine)
+{
+    // Whether a line that starts in a long run without a blank may be set by words: wrongly
+    // yes, and the engine reads a long word to its end again for each of its lines.
+    const struct
+    {
+        const char *art;
+        QString text;
+        bool endet;
+    } faelle[] = {
+        {"one long word", u"Rechnungsbetrag"_s.repeated(10), false},
+        {"a path", u"rechnungen/2024/maerz/"_s.repeated(5), true},
+        {"Thai words", u"ภาษาไทยใบแจ้งหนี้"_s.repeated(10), true},
+        {"Japanese", u"請求書を送付します"_s.repeated(10), true},
+        {"Korean syllables", u"청구서금액"_s.repeated(20), false},
+        {"Korean compatibility letters", u"ㄱㄴㄷ"_s.repeated(30), false},
+        {"Korean letters among Latin ones", u"x\u1100\u1161"_s.repeated(30), false},
+        {"a soft hyphen where the line stops", u"x"_s.repeated(40) + u"\u00ADy"_s, true},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.art);
+        EXPECT_EQ(FKRPDFTextSatz::wortEndetBis(fall.text, 2, 40), fall.endet);
+    }
+}
+
 TEST(FKRPDFTextSatz, AWordWiderThanTheBoxBreaksWhereTheBoxEnds)
 {
     // Every character is as wide as the next, so every line but the last holds the same number
@@ -90,6 +115,8 @@ TEST(FKRPDFTextSatz, AWordWiderThanTheBoxBreaksWhereTheBoxEnds)
         EXPECT_EQ(zeilen.join(QString()).size(), laenge);
         EXPECT_NEAR(satz.breite(), jeZeile * zeichen, 1e-6);
     }
+    // Line ends of every system start a line.
+    EXPECT_EQ(FKRPDFTextSatz(u"eins\r\nzwei\rdrei\nvier"_s, font, 100.0, Qt::AlignLeft, 0.15).zeilen(), 4);
 }
 
 } // namespace
