@@ -118,6 +118,7 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
         {R"({"posten": )" + wiederhole("[", 40) + wiederhole("]", 40) + "}", R"("posten[0][0][0])"},
         {wiederhole(R"({"a":)", 70000) + "1" + wiederhole("}", 70000), R"("a.a.a.a)"},
         {"{\"ab\\ncd\": 1}", R"("ab\ncd": unknown key)"},
+        {"{\"a\\u0085b\\u2028c\\u0000\": 1}", R"("a\u0085b\u2028c\u0000": unknown key)"},
         {R"({")" + wiederhole("k", 100000) + R"(": 1})", "\"kkkk"},
         {R"({")" + wiederhole("\\u007f", 300) + R"(": 1})", R"("\u007f\u007f)"},
         {R"({"waehrung": [1)" + wiederhole(",1", 50000) + "]}", R"("waehrung": expected a text, got array [...] (50001 values))"},
@@ -139,6 +140,17 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
         }
     }
     EXPECT_FALSE(QFileInfo::exists(QDir::temp().filePath(QStringLiteral("nie.pdf"))));
+}
+
+TEST(AmountsCommand, TextThatIsNotJsonIsNamedByWhereTheReaderStopped)
+{
+    EXPECT_EQ(starte({QStringLiteral("amounts")}, R"({"rabatt": )").err,
+              "velmora-cli: input is not JSON (at byte 12): parse error at line 1, column 12: syntax error while parsing "
+              "value - unexpected end of input; expected '[', '{', or a literal\n");
+    // A byte that is no character is shown, not handed to the terminal.
+    const std::string err = starte({QStringLiteral("amounts")}, "{\"a\xc3").err;
+    EXPECT_NE(err.find("\\xc3"), std::string::npos) << err;
+    EXPECT_EQ(err.find('\xc3'), std::string::npos) << err;
 }
 
 TEST(AmountsCommand, NumbersAreReadAsWrittenNeverThroughADouble)

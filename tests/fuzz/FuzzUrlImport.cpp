@@ -117,11 +117,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t gro
     });
     pruefe(antworten == 1 && beantwortet.erledigt == ergebnis.erledigt && beantwortet.grund == ergebnis.grund);
     const qsizetype posten = editor.dokument->posten().size();
-    if (!ergebnis.erledigt) {
+    if (ergebnis.erledigt) {
+        pruefe(posten == 3);
+        summen(*editor.dokument);
+    } else {
         pruefe(posten == 2 && !moc.hasChanges() && !ergebnis.grund.isEmpty() && einzeilig(ergebnis.grund));
-        return 0;
     }
-    pruefe(posten == 3);
+
+    // The model's own road for the same request: a refused one changes nothing.
+    auto *modellPosten = moc.insertNewObject<FKRPosten>();
+    pruefe(moc.save());
+    const bool angenommen = modellPosten->setzeImportPostenDetailsFuerWithQuery(text, editor.dokument,
+                                                                                moc.managedObjectModel(), moc);
+    pruefe(angenommen || !moc.hasChanges());
+    pruefe(moc.save());
     summen(*editor.dokument);
     return 0;
 }
