@@ -1,0 +1,43 @@
+#include "FKRStoreEinspielung.h"
+
+#include "UnbrauchbareArchive.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace ziptest;
+
+namespace {
+
+// The check and the replacement are two steps that the caller may keep apart: a checked store
+// waits, hidden, until it is put in place; a refused one leaves nothing behind at once.
+TEST(FKRStoreEinspielung, DerGepruefteStoreWartetVerborgenBisErEingesetztWird)
+{
+    QTemporaryDir wurzel;
+    const QString daten = wurzel.filePath(QStringLiteral("Velmora-Rechnungen"));
+    const QString store = daten + QStringLiteral("/VelmoraRechnungen.storedata");
+    ASSERT_TRUE(QDir().mkpath(daten));
+    schreibe(store, "der Store von vorher");
+    const QString archiv = wurzel.filePath(QStringLiteral("a.fks"));
+    const QMap<QString, QByteArray> vorher = baum(daten);
+
+    FKRStoreEinspielung einspielung(daten);
+    baueStoreArchiv(archiv, "kein Store");
+    QString fehler;
+    EXPECT_EQ(einspielung.pruefe(archiv, &fehler), FKRZipArchiv::Ergebnis::Abgelehnt);
+    EXPECT_FALSE(einspielung.istGeprueft());
+    EXPECT_EQ(unterschiede(vorher, baum(daten)), "");
+    EXPECT_FALSE(einspielung.setzeEin(&fehler)) << "nothing checked, nothing to put in place";
+    EXPECT_EQ(lies(store), "der Store von vorher");
+
+    const QByteArray gut = guterStore(wurzel.path());
+    baueStoreArchiv(archiv, gut);
+    ASSERT_EQ(einspielung.pruefe(archiv, &fehler), FKRZipArchiv::Ergebnis::Erfolg) << fehler.toStdString();
+    EXPECT_TRUE(einspielung.istGeprueft());
+    EXPECT_EQ(lies(store), "der Store von vorher");
+    ASSERT_TRUE(einspielung.setzeEin(&fehler)) << fehler.toStdString();
+    EXPECT_EQ(lies(store), gut);
+    EXPECT_EQ(baum(daten).keys(), QStringList{QStringLiteral("/VelmoraRechnungen.storedata")});
+}
+
+} // namespace
