@@ -21,13 +21,19 @@ TEST(FKRStoreEinspielung, DerGepruefteStoreWartetVerborgenBisErEingesetztWird)
     const QString archiv = wurzel.filePath(QStringLiteral("a.fks"));
     const QMap<QString, QByteArray> vorher = baum(daten);
 
+    // Refused by the archive check, and by the store check after unpacking.
     FKRStoreEinspielung einspielung(daten);
-    baueStoreArchiv(archiv, "kein Store");
     QString fehler;
-    EXPECT_EQ(einspielung.pruefe(archiv, &fehler), FKRZipArchiv::Ergebnis::Abgelehnt);
-    EXPECT_FALSE(einspielung.istGeprueft());
-    EXPECT_EQ(unterschiede(vorher, baum(daten)), "");
-    EXPECT_FALSE(einspielung.setzeEin(&fehler)) << "nothing checked, nothing to put in place";
+    for (const bool istZip : {false, true}) {
+        if (istZip)
+            baueStoreArchiv(archiv, "kein Store");
+        else
+            schreibe(archiv, "kein Zip");
+        EXPECT_EQ(einspielung.pruefe(archiv, &fehler), FKRZipArchiv::Ergebnis::Abgelehnt);
+        EXPECT_FALSE(einspielung.istGeprueft());
+        EXPECT_EQ(unterschiede(vorher, baum(daten)), "") << istZip;
+        EXPECT_FALSE(einspielung.setzeEin(&fehler)) << "nothing checked, nothing to put in place";
+    }
     EXPECT_EQ(lies(store), "der Store von vorher");
 
     const QByteArray gut = guterStore(wurzel.path());
