@@ -1,5 +1,7 @@
 #include "FuzzUmgebung.h"
 
+#include "PrivatesHeim.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -18,13 +20,7 @@ void FuzzUmgebung::richteEin(int *argc, char ***argv)
     // Kept for the life of the process; the fuzzer ends it with exit().
     static QTemporaryDir ordner(QDir::tempPath() + QStringLiteral("/velmora-fuzz-XXXXXX"));
     heim = &ordner;
-    const QByteArray wurzel = ordner.path().toUtf8();
-    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
-        const QByteArray pfad = wurzel + '/' + QByteArray(name).mid(4).toLower();
-        QDir().mkpath(QString::fromUtf8(pfad));
-        setenv(name, pfad.constData(), 1);
-    }
-    setenv("HOME", wurzel.constData(), 1);
+    richtePrivatesHeimEin(ordner.path().toUtf8());
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     setenv("LANG", "de_DE.UTF-8", 0);
     static std::unique_ptr<QGuiApplication> anwendung = std::make_unique<QGuiApplication>(*argc, *argv);

@@ -1,3 +1,4 @@
+#include "PrivatesHeim.h"
 #include "TestAnwendung.h"
 
 #include <QCoreApplication>
@@ -14,13 +15,7 @@ int main(int argc, char **argv)
     QTemporaryDir home(QDir::tempPath() + QStringLiteral("/velmora-test-XXXXXX"));
     if (!home.isValid())
         return 3;
-    const QByteArray root = home.path().toUtf8();
-    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
-        const QByteArray dir = root + '/' + QByteArray(name).mid(4).toLower();
-        QDir().mkpath(QString::fromUtf8(dir));
-        setenv(name, dir.constData(), 1);
-    }
-    setenv("HOME", root.constData(), 1);
+    richtePrivatesHeimEin(home.path().toUtf8());
     // Tests pin their own locales and zones; the default is a German desktop in Berlin.
     if (!getenv("VELMORA_TEST_KEEP_LOCALE")) {
         setenv("LANG", "de_DE.UTF-8", 1);
