@@ -841,7 +841,27 @@
     </message>
     <message>
         <source>DATABASE_IMPORT_PROBLEM</source>
-        <translation>Die gewählte Datei ist keine Datensicherung von Velmora Rechnungen (Dateiendung .fks). Die bisherigen Daten wurden bereits entfernt. Starte den Import erneut und wähle eine gültige Datensicherung, zum Beispiel die automatische Sicherung vom letzten Start.</translation>
+        <translation>Die gewählte Datei ist keine brauchbare Datensicherung von Velmora Rechnungen (Dateiendung .fks). Deine Daten sind unverändert. Wähle eine gültige Datensicherung, zum Beispiel die automatische Sicherung vom letzten Start.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_NOT_UNPACKED</source>
+        <translation>Die Datensicherung konnte nicht neben deinen Daten entpackt werden, zum Beispiel weil der Speicherplatz nicht reicht. Deine Daten sind unverändert.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_NO_BACKUP</source>
+        <translation>Deine bisherigen Daten konnten vor dem Import nicht gesichert werden. Der Import wurde abgebrochen; deine Daten sind unverändert.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_FAILED</source>
+        <translation>Die Datensicherung konnte nicht eingesetzt werden. Deine Daten vom Stand vor dem Import liegen in der unten genannten Sicherung; importiere sie, um sie zurückzuholen.</translation>
+    </message>
+    <message>
+        <source>PANEL_FILTER_DATENSICHERUNGEN</source>
+        <translation>Datensicherungen</translation>
+    </message>
+    <message>
+        <source>PANEL_FILTER_BILDER</source>
+        <translation>Bilder</translation>
     </message>
     <message>
         <source>DATABASE_IMPORT_SUCCESSFUL</source>

@@ -841,7 +841,27 @@
     </message>
     <message>
         <source>DATABASE_IMPORT_PROBLEM</source>
-        <translation>The selected file is not a Velmora Rechnungen backup (file extension .fks). The previous data has already been removed. Start the import again and choose a valid backup, for example the automatic backup from the last start.</translation>
+        <translation>The selected file is not a usable Velmora Rechnungen backup (file extension .fks). Your data are unchanged. Choose a valid backup, for example the automatic backup from the last start.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_NOT_UNPACKED</source>
+        <translation>The backup could not be unpacked next to your data, for example because there is not enough disk space. Your data are unchanged.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_NO_BACKUP</source>
+        <translation>Your current data could not be backed up before the import. The import was cancelled; your data are unchanged.</translation>
+    </message>
+    <message>
+        <source>DATABASE_IMPORT_FAILED</source>
+        <translation>The backup could not be put in place. Your data as they were before the import are in the backup named below; import it to get them back.</translation>
+    </message>
+    <message>
+        <source>PANEL_FILTER_DATENSICHERUNGEN</source>
+        <translation>Backups</translation>
+    </message>
+    <message>
+        <source>PANEL_FILTER_BILDER</source>
+        <translation>Images</translation>
     </message>
     <message>
         <source>DATABASE_IMPORT_SUCCESSFUL</source>

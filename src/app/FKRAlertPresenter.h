@@ -12,6 +12,13 @@
 class FKRAlertPresenter
 {
 public:
+    // The files an open panel offers: the text key of the filter's name and the extensions
+    // (without the dot, matched in any case). No extensions: every file.
+    struct DateiFilter {
+        QString schluessel;
+        QStringList endungen;
+    };
+
     virtual ~FKRAlertPresenter() = default;
 
     // The index of the pressed button (kErsterKnopf, ...) or kAlertAbgebrochen.
@@ -21,11 +28,11 @@ public:
     // chose a recovery), false when it was only acknowledged.
     virtual bool praesentiereFehler(const FKRAnwendungsFehler &fehler) = 0;
 
-    // The open panel: starts in `startOrdner`, shows the text of `nachrichtSchluessel`, no
-    // file-type filter, and offers `weitererOrt` (the backups folder, which is hidden deep in
-    // the data folder) as a place to jump to. The chosen files, empty when cancelled.
+    // The open panel: starts in `startOrdner`, shows the text of `nachrichtSchluessel`, lists
+    // the files `filter` admits, and offers `weitererOrt` (the backups folder, which is hidden
+    // deep in the data folder) as a place to jump to. The chosen files, empty when cancelled.
     virtual QStringList waehleDateien(const QString &startOrdner, const QString &nachrichtSchluessel,
-                                      const QString &weitererOrt) = 0;
+                                      const QString &weitererOrt, const DateiFilter &filter) = 0;
 
     // The save panel: starts in `startOrdner` with the proposed file name `vorschlag`, shows the
     // text of `nachrichtSchluessel` and allows only files ending in `.<dateiTyp>`. The chosen

@@ -2,8 +2,10 @@
 
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
+#include "FKRDatensicherung.h"
 #include "FKRStoreEinspielung.h"
 #include "FKRSyncKoordinator.h"
+#include "FKRUhr.h"
 #include "ManagedObject.h"
 #include "ManagedObjectContext.h"
 #include "ManagedObjectModel.h"
@@ -19,6 +21,12 @@ FKRDatenbankImport::FKRDatenbankImport(FKRAppDelegate &delegate, QObject *parent
 {
 }
 
+FKRDatenbankImport::~FKRDatenbankImport()
+{
+    if (m_pruefung.joinable())
+        m_pruefung.join();
+}
+
 void FKRDatenbankImport::setzeZustand(Zustand zustand)
 {
     m_zustand = zustand;
@@ -27,6 +35,7 @@ void FKRDatenbankImport::setzeZustand(Zustand zustand)
 
 void FKRDatenbankImport::beende()
 {
+    m_einspielung.reset();
     Q_EMIT fortschrittSichtbar(false);
     setzeZustand(Zustand::Bereit);
 }
@@ -49,14 +58,75 @@ void FKRDatenbankImport::datenbankImportButtonSelected()
     setzeZustand(Zustand::DateiWaehlen);
     const QStringList dateien =
         presenter.waehleDateien(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation),
-                                QStringLiteral("ALERT_TEXT_WHICH_DATABASE_TO_IMPORT"), m_delegate.dataBackupsDirectory());
+                                QStringLiteral("ALERT_TEXT_WHICH_DATABASE_TO_IMPORT"), m_delegate.dataBackupsDirectory(),
+                                {QStringLiteral("PANEL_FILTER_DATENSICHERUNGEN"), {QStringLiteral("fks")}});
     Q_EMIT fortschrittSichtbar(true);
     if (dateien.isEmpty()) {
         beende();
         return;
     }
     m_archiv = dateien.first();
+    pruefeArchiv();
+}
 
+void FKRDatenbankImport::pruefeArchiv()
+{
+    setzeZustand(Zustand::Pruefen);
+    if (QFileInfo(m_archiv).suffix().toLower() != u"fks") {
+        archivGeprueft(FKRZipArchiv::Ergebnis::Abgelehnt, QStringLiteral("not an fks archive"));
+        return;
+    }
+    // Unpacking and opening a large store takes seconds; the spinner keeps turning meanwhile.
+    m_einspielung = std::make_unique<FKRStoreEinspielung>(m_delegate.applicationDocumentsDirectory(), m_grenzen);
+    if (m_pruefung.joinable())
+        m_pruefung.join();
+    m_pruefung = std::thread([this, einspielung = m_einspielung.get(), archiv = m_archiv] {
+        QString fehler;
+        const FKRZipArchiv::Ergebnis ergebnis = einspielung->pruefe(archiv, &fehler);
+        QMetaObject::invokeMethod(this, [this, ergebnis, fehler] { archivGeprueft(ergebnis, fehler); },
+                                  Qt::QueuedConnection);
+    });
+}
+
+void FKRDatenbankImport::archivGeprueft(FKRZipArchiv::Ergebnis ergebnis, const QString &fehler)
+{
+    if (m_pruefung.joinable())
+        m_pruefung.join();
+    if (ergebnis != FKRZipArchiv::Ergebnis::Erfolg) {
+        // Nothing of the user's data has been touched yet, and nothing will be.
+        qWarning().noquote() << "Import refused:" << m_archiv << fehler;
+        zeigeProblem(ergebnis == FKRZipArchiv::Ergebnis::Abgelehnt ? QStringLiteral("DATABASE_IMPORT_PROBLEM")
+                                                                   : QStringLiteral("DATABASE_IMPORT_NOT_UNPACKED"),
+                     QFileInfo(m_archiv).fileName());
+        beende();
+        return;
+    }
+    sichereStore();
+}
+
+void FKRDatenbankImport::sichereStore()
+{
+    // The store as it is now goes into the backups folder first: the start's backup lacks
+    // everything done since, and should the checked files fail to replace the emptied store,
+    // this archive is where the user's data are.
+    setzeZustand(Zustand::Sichern);
+    m_delegate.saveAction();
+    m_datensicherung =
+        std::make_unique<FKRDatensicherung>(m_delegate.applicationDocumentsDirectory(), m_delegate.dataBackupsDirectory());
+    connect(m_datensicherung.get(), &FKRDatensicherung::fertig, this, &FKRDatenbankImport::storeGesichert);
+    m_datensicherung->starte(FKRUhr::jetzt());
+}
+
+void FKRDatenbankImport::storeGesichert(const QString &archivPfad, const QString &fehler)
+{
+    m_datensicherung.release()->deleteLater();
+    if (archivPfad.isEmpty()) {
+        qWarning().noquote() << "Import stopped, the current store could not be backed up:" << fehler;
+        zeigeProblem(QStringLiteral("DATABASE_IMPORT_NO_BACKUP"));
+        beende();
+        return;
+    }
+    m_sicherung = archivPfad;
     setzeZustand(Zustand::Leeren);
     if (!leereDatenbank()) {
         beende();
@@ -92,42 +162,33 @@ void FKRDatenbankImport::schiebeLoeschungenZurSynchronisation()
 void FKRDatenbankImport::trenneSynchronisation()
 {
     m_delegate.syncKoordinator().trenneSyncMitAbschluss({});
-    QTimer::singleShot(m_wartezeit, this, &FKRDatenbankImport::entpackeArchiv);
+    QTimer::singleShot(m_wartezeit, this, &FKRDatenbankImport::setzeArchivEin);
 }
 
-void FKRDatenbankImport::zeigeProblem()
+void FKRDatenbankImport::zeigeProblem(const QString &textSchluessel, const QString &zusatz)
 {
-    m_delegate.presenter().zeigeAlert({QStringLiteral("ALERT_TITLE_PROBLEM"), QStringLiteral("DATABASE_IMPORT_PROBLEM"),
-                                       {QStringLiteral("BUTTON_TITLE_CLOSE")}, FKRAlert::Stil::Warnung});
+    m_delegate.presenter().zeigeAlert({QStringLiteral("ALERT_TITLE_PROBLEM"), textSchluessel,
+                                       {QStringLiteral("BUTTON_TITLE_CLOSE")}, FKRAlert::Stil::Warnung, zusatz});
 }
 
-void FKRDatenbankImport::entpackeArchiv()
+void FKRDatenbankImport::setzeArchivEin()
 {
     QBBenutzerEinstellungen *einstellungen = QBBenutzerEinstellungen::sharedInstance();
     einstellungen->setVerwendeiCloudSync(false);
     einstellungen->sichereBenutzerEinstellungen();
 
     setzeZustand(Zustand::Entpacken);
-    if (QFileInfo(m_archiv).suffix() != u"fks") {
-        zeigeProblem();
-        beende();
-        return;
-    }
-    // The archive's store is opened as a store of ours before it may replace anything.
-    FKRStoreEinspielung einspielung(m_delegate.applicationDocumentsDirectory(), m_grenzen);
     QString fehler;
-    const FKRZipArchiv::Ergebnis ergebnis = einspielung.pruefe(m_archiv, &fehler);
-    if (ergebnis == FKRZipArchiv::Ergebnis::Abgelehnt) {
-        // Nothing of the archive was written; the (emptied) store files are as they were.
-        qWarning().noquote() << "Import refused:" << m_archiv << fehler;
-        zeigeProblem();
+    if (!m_einspielung->setzeEin(&fehler)) {
+        // The emptied store is still the one in place and still sound; the program goes on
+        // with it, and the user learns where the data from before are.
+        qWarning().noquote() << "Import could not write the store files:" << fehler;
+        zeigeProblem(QStringLiteral("DATABASE_IMPORT_FAILED"), m_sicherung);
         beende();
         return;
     }
-    if (ergebnis == FKRZipArchiv::Ergebnis::Erfolg && einspielung.setzeEin(&fehler))
-        m_delegate.storeDateienWurdenErsetzt();
-    else
-        qWarning().noquote() << "Import could not write the store files:" << fehler;
+    m_einspielung.reset();
+    m_delegate.storeDateienWurdenErsetzt();
 
     m_delegate.presenter().zeigeAlert({QStringLiteral("ALERT_TITLE_HINWEIS"), QStringLiteral("DATABASE_IMPORT_SUCCESSFUL"),
                                        {QStringLiteral("BUTTON_TITLE_CLOSE")}});

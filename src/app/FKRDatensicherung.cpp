@@ -22,18 +22,10 @@
 namespace {
 
 const QString kEndung = QStringLiteral("-DataBackup.fks");
-// Two starts within the same minute get the same name; the later archive counts on from here.
+// Two backups within the same second get the same name; the later archive counts on from here.
 constexpr int kMaxZaehler = 1000;
 // How much of the store is zipped between two looks at whether it changed meanwhile.
 constexpr qint64 kPruefAbstand = qint64(16) << 20;
-
-// Characters that Linux (the slash), the FAT and NTFS file systems of USB sticks and shared
-// drives, or a shell would trip over in a file name.
-bool istUnzulaessig(QChar c)
-{
-    static const QString verboten = QStringLiteral("/\\:*?\"<>|");
-    return c.unicode() < 0x20 || c.unicode() == 0x7f || verboten.contains(c);
-}
 
 void ordnerAufPlatte(const QString &ordner)
 {
@@ -59,16 +51,7 @@ QStringList FKRDatensicherung::storeDateiNamen()
 
 QString FKRDatensicherung::archivName(const QDateTime &moment)
 {
-    // "14.03.26, 10:00" becomes "14.03.26, 10-00", "3/14/26, 10:00 AM" becomes
-    // "3-14-26, 10-00 AM" (the narrow blank before AM as an ordinary one).
-    QString name = QBDatumsTexte::formattedShortDateAndTimeString(moment);
-    for (QChar &c : name) {
-        if (istUnzulaessig(c))
-            c = QLatin1Char('-');
-        else if (c.isSpace())
-            c = QLatin1Char(' ');
-    }
-    return name + kEndung;
+    return QBDatumsTexte::dateiNamenZeitpunkt(moment) + kEndung;
 }
 
 QString FKRDatensicherung::mitZaehler(const QString &archivPfad, int zaehler)

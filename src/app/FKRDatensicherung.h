@@ -18,18 +18,18 @@ class FKRDatensicherung : public QObject
 public:
     // The three store files, in archive order.
     static QStringList storeDateiNamen();
-    // The archive's file name for a moment: its short date and time, made safe as a file name,
-    // followed by "-DataBackup.fks".
+    // The archive's file name for a moment: "2026-11-25 10.15.42-DataBackup.fks", so the backups
+    // folder sorts by date in every locale.
     static QString archivName(const QDateTime &moment);
     // The path in `ordner` for the archive of that moment that no file takes yet: the archive
-    // name, or the name numbered "… (2)-DataBackup.fks", "… (3)-…" after starts in the same minute.
+    // name, or the name numbered "… (2)-DataBackup.fks", "… (3)-…" after backups in the same second.
     static QString freierArchivPfad(const QString &ordner, const QDateTime &moment);
 
     FKRDatensicherung(const QString &datenOrdner, const QString &sicherungsOrdner, QObject *parent = nullptr);
     ~FKRDatensicherung() override; // waits for a running backup
 
     // Starts the backup of the store files present now; `fertig` follows on this object's thread.
-    // An archive of the same name (an earlier start within the same minute) is kept: the new one
+    // An archive of the same name (an earlier backup within the same second) is kept: the new one
     // is numbered, "… (2)-DataBackup.fks".
     void starte(const QDateTime &moment);
     // The same, blocking, into `archivPfad` (the command line), which it replaces. False with

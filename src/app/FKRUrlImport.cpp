@@ -3,7 +3,6 @@
 #include "FKRAlertPresenter.h"
 #include "FKREmpfaenger.h"
 #include "FKRImportAnfrage.h"
-#include "FKRLocalizationHelper.h"
 #include "FKROffenerEditor.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
@@ -125,8 +124,6 @@ FKRUrlErgebnis FKRUrlImport::importiereRechnungsPosten(const QUrl &url, const FK
     FKRPosten *posten = editor->neuerPosten();
     if (!posten)
         return beantworte(antwort, {false, QStringLiteral("the editor could not add an item")});
-    posten->setPostenBezeichnung(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Bezeichnung"), rechnung->sprache()));
-    posten->setPostenBeschreibung(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Beschreibung"), rechnung->sprache()));
     posten->setPostenNummer(vorhandenePosten + 1);
     posten->setRechnung(rechnung);
 
@@ -137,7 +134,7 @@ FKRUrlErgebnis FKRUrlImport::importiereRechnungsPosten(const QUrl &url, const FK
         if (!empfaenger) {
             empfaenger = liste->neuerEmpfaenger();
             if (empfaenger) {
-                empfaenger->setName(anfrage.auftraggeber);
+                empfaenger->setFirma(anfrage.auftraggeber); // a client is a business, as a rule
                 empfaenger->setNotiz(anfrage.auftraggeberNotiz);
                 if (m_saveAction)
                     m_saveAction();

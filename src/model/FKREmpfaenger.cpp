@@ -50,7 +50,8 @@ FKREmpfaenger *FKREmpfaenger::findeEmpfaengerFuerImportAuftraggeberStringWithAuf
     if (FKREmpfaenger *gefunden = FKRImportAnfrage::passenderEmpfaenger(alle, auftraggeber))
         return gefunden;
     auto *neu = context.insertNewObject<FKREmpfaenger>();
-    neu->setName(auftraggeber);
+    // A tracker's client is a business far more often than a private person.
+    neu->setFirma(auftraggeber);
     neu->setNotiz(auftraggeberAdresse);
     return neu;
 }

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QMutex>
 #include <QTranslator>
@@ -148,8 +149,27 @@ void FKRLocalizationHelper::installiereHauptTabelle()
 {
     static QMutex mutex;
     static QTranslator *installiert = nullptr;
+    static QTranslator *qtTexte = nullptr;
 
     const QMutexLocker lock(&mutex);
+    // The file and print dialogs and the standard buttons are Qt's own: their texts come from
+    // Qt's translations, English being their source language.
+    if (qtTexte) {
+        QCoreApplication::removeTranslator(qtTexte);
+        delete qtTexte;
+        qtTexte = nullptr;
+    }
+    if (QLocale().language() == QLocale::German) {
+        auto *qt = new QTranslator;
+        if (qt->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath))
+            && QCoreApplication::installTranslator(qt)) {
+            qtTexte = qt;
+        } else {
+            qWarning("Velmora: Qt's German texts are missing, standard dialogs stay English");
+            delete qt;
+        }
+    }
     auto *neu = new QTranslator;
     const Tabelle tabelle = QLocale().language() == QLocale::German ? Tabelle::Deutsch : Tabelle::Englisch;
     if (!neu->load(tabellenPfad(tabelle)) || !QCoreApplication::installTranslator(neu)) {

@@ -65,6 +65,11 @@ QString QBDatumsTexte::formattedShortDateString(const QDateTime &date)
     return formatiere(dateFormatterShortDate(), date);
 }
 
+QString QBDatumsTexte::dateiNamenZeitpunkt(const QDateTime &date)
+{
+    return formatiere(festesMuster(u"yyyy-MM-dd HH.mm.ss"), date);
+}
+
 QString QBDatumsTexte::formattedShortTimestampString(const QDateTime &date)
 {
     return formattedShortTimestampString(date, QBBenutzerEinstellungen::sharedInstance()->zeitFormat24h());

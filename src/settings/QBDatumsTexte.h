@@ -20,6 +20,9 @@ public:
     static QString formattedShortDateAndTimeStringLocalFormat(const QDateTime &date);
     // Short date only.
     static QString formattedShortDateString(const QDateTime &date);
+    // The moment as the start of a file name, "2026-11-25 10.15.42" in the current time zone:
+    // whatever the user's locale, names sort by date and hold no colon or slash.
+    static QString dateiNamenZeitpunkt(const QDateTime &date);
 
     // The time of day as the user wants it: "HH:mm" when the setting zeitFormat24h is on,
     // otherwise the locale's short time. The second form takes the flag from the caller.

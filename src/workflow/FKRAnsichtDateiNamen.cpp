@@ -2,21 +2,19 @@
 
 #include "QBDatumsTexte.h"
 
-#include <QUrl>
-
 QString FKRAnsichtDateiNamen::archivDateiName(const QDateTime &moment, const QString &nummer)
 {
-    const QString name = QBDatumsTexte::formattedShortDateAndTimeString(moment) + QStringLiteral("-") + nummer
-                         + QStringLiteral("-archived.pdf");
-    // Unreserved characters stay as they are anyway; these are the sub-delimiters and the
-    // characters of IPv6 literals a host may hold besides.
-    return QString::fromLatin1(QUrl::toPercentEncoding(name, "!$&'()*+,;=:[]"));
+    return dateiName(QBDatumsTexte::dateiNamenZeitpunkt(moment) + QStringLiteral("-") + nummer
+                     + QStringLiteral("-archived.pdf"));
 }
 
 QString FKRAnsichtDateiNamen::exportVorschlag(const QDateTime &moment, const QString &nummer)
 {
-    const QString text = QBDatumsTexte::formattedShortDateAndTimeString(moment) + QStringLiteral("-") + nummer
-                         + QStringLiteral(".pdf");
+    return dateiName(QBDatumsTexte::dateiNamenZeitpunkt(moment) + QStringLiteral("-") + nummer + QStringLiteral(".pdf"));
+}
+
+QString FKRAnsichtDateiNamen::dateiName(const QString &text)
+{
     QString name;
     name.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {

@@ -33,12 +33,17 @@ std::optional<QUrl> ersteDatei(const QMimeData &daten)
 
 } // namespace
 
-bool FKRImageView::istAkzeptierterDateiTyp(const QUrl &datei)
+const QStringList &FKRImageView::akzeptierteEndungen()
 {
     static const QStringList typen{QStringLiteral("jpg"), QStringLiteral("jpeg"), QStringLiteral("png"),
                                    QStringLiteral("tif"), QStringLiteral("tiff")};
+    return typen;
+}
+
+bool FKRImageView::istAkzeptierterDateiTyp(const QUrl &datei)
+{
     const QString endung = QFileInfo(datei.path()).suffix().toLower();
-    return !endung.isEmpty() && typen.contains(endung);
+    return !endung.isEmpty() && akzeptierteEndungen().contains(endung);
 }
 
 QSizeF FKRImageView::groesseInPunkten(const QImage &bild)
@@ -114,7 +119,8 @@ void FKRImageView::waehleBildDatei()
         return;
     const QStringList dateien = m_delegate.presenter().waehleDateien(
         QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
-        QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "PANEL_TEXT_BILD_WAEHLEN")), QString());
+        QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "PANEL_TEXT_BILD_WAEHLEN")), QString(),
+        {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "PANEL_FILTER_BILDER")), akzeptierteEndungen()});
     if (!dateien.isEmpty())
         uebernehmeDatei(QUrl::fromLocalFile(dateien.first()));
 }

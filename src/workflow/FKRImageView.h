@@ -27,8 +27,9 @@ public:
     // The mime type of the marker on drags that start in a slot; its data is the slot's class.
     static const QString kSlotMimeType;
 
-    // Whether the file name ends in one of the accepted image types (jpg, jpeg, png, tif, tiff),
-    // in any case.
+    // The accepted image types (jpg, jpeg, png, tif, tiff), and whether a file name ends in one
+    // of them, in any case.
+    static const QStringList &akzeptierteEndungen();
     static bool istAkzeptierterDateiTyp(const QUrl &datei);
     // The size of an image on paper in points: from its own resolution, one point per pixel
     // when it states none (the way the documents draw it).

@@ -58,10 +58,17 @@ bool FKRMessageBoxPresenter::praesentiereFehler(const FKRAnwendungsFehler &fehle
 }
 
 QStringList FKRMessageBoxPresenter::waehleDateien(const QString &startOrdner, const QString &nachrichtSchluessel,
-                                                  const QString &weitererOrt)
+                                                  const QString &weitererOrt, const DateiFilter &filter)
 {
     QFileDialog dialog(elternFenster(), text(nachrichtSchluessel), startOrdner);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    if (!filter.endungen.isEmpty()) {
+        // The dialog matches names regardless of case, so "LOGO.PNG" is listed with "logo.png".
+        QStringList muster;
+        for (const QString &endung : filter.endungen)
+            muster.append(QStringLiteral("*.") + endung);
+        dialog.setNameFilter(QStringLiteral("%1 (%2)").arg(text(filter.schluessel), muster.join(QLatin1Char(' '))));
+    }
     QList<QUrl> orte = dialog.sidebarUrls();
     orte.append(QUrl::fromLocalFile(startOrdner));
     if (!weitererOrt.isEmpty())

@@ -17,7 +17,7 @@ public:
     int zeigeAlert(const FKRAlert &alert) override;
     bool praesentiereFehler(const FKRAnwendungsFehler &fehler) override;
     QStringList waehleDateien(const QString &startOrdner, const QString &nachrichtSchluessel,
-                              const QString &weitererOrt) override;
+                              const QString &weitererOrt, const DateiFilter &filter) override;
     QString waehleSpeicherOrt(const QString &startOrdner, const QString &vorschlag,
                               const QString &nachrichtSchluessel, const QString &dateiTyp) override;
 

@@ -15,6 +15,7 @@ public:
     QList<FKRAlert> alerts;
     QList<FKRAnwendungsFehler> fehler;
     QStringList panelOrdner;
+    QList<DateiFilter> panelFilter;
 
     // Answers in order; an alert without a scripted answer gets the first button.
     QList<int> antworten;
@@ -36,9 +37,11 @@ public:
         return fehlerGeloest.isEmpty() ? false : fehlerGeloest.takeFirst();
     }
 
-    QStringList waehleDateien(const QString &startOrdner, const QString &, const QString &) override
+    QStringList waehleDateien(const QString &startOrdner, const QString &, const QString &,
+                              const DateiFilter &filter) override
     {
         panelOrdner.append(startOrdner);
+        panelFilter.append(filter);
         return panelAntworten.isEmpty() ? QStringList() : panelAntworten.takeFirst();
     }
 

@@ -4,12 +4,16 @@
 
 #include "FKRAppDelegate.h"
 #include "FKRDatenbankImport.h"
+#include "FKRDatensicherung.h"
 #include "FKRZipArchiv.h"
 #include "QBBenutzerEinstellungen.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+
+#include <functional>
 
 using namespace apptest;
 using namespace std::chrono_literals;
@@ -108,80 +112,92 @@ TEST_F(DatenbankImport, AbbrechenInBestaetigungOderDateiwahlLaesstAllesStehen)
     EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
 }
 
-TEST_F(DatenbankImport, FalscheEndungMeldetDasProblemUndLaesstDieDatenbankLeer)
+TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGeleertWird)
 {
-    const QString archiv = fremdesArchiv(QStringLiteral("sicherung.zip"));
-    presenter.panelAntworten = {QStringList{archiv}};
-    import->datenbankImportButtonSelected();
-    EXPECT_EQ(anzahlImStore(), 0) << "emptied before the waits";
-    warteAufEnde();
-    ASSERT_EQ(presenter.alerts.size(), 2);
-    EXPECT_EQ(presenter.alerts[1].titelSchluessel, "ALERT_TITLE_PROBLEM");
-    EXPECT_EQ(presenter.alerts[1].textSchluessel, "DATABASE_IMPORT_PROBLEM");
-    EXPECT_EQ(presenter.alerts[1].knopfSchluessel, QStringList{"BUTTON_TITLE_CLOSE"});
-    EXPECT_EQ(anzahlImStore(), 0);
-    EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
-    EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
-    EXPECT_FALSE(beendenAngefordert);
-    EXPECT_EQ(fortschritt.last(), false);
-}
-
-TEST_F(DatenbankImport, GefaehrlichesArchivWirdAbgelehntOhneEtwasZuSchreiben)
-{
-    // An archive that would put a file next to the data folder.
-    const QString fremd = quelle.path() + "/boese.txt";
-    {
-        QFile datei(fremd);
-        ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
-        datei.write("boese");
-    }
-    const QString archiv = quelle.path() + "/boese.fks";
-    ASSERT_TRUE(FKRZipArchiv::erstelle(archiv, {{fremd, QStringLiteral("../VelmoraRechnungen.storedata")}}));
-    presenter.panelAntworten = {QStringList{archiv}};
-    import->datenbankImportButtonSelected();
-    warteAufEnde();
-    EXPECT_EQ(presenter.alertTexte().last(), "DATABASE_IMPORT_PROBLEM");
-    EXPECT_FALSE(QFileInfo::exists(heimat.pfad() + "/VelmoraRechnungen.storedata"));
-    EXPECT_EQ(anzahlImStore(), 0) << "the emptied store is still a sound store";
-    EXPECT_FALSE(beendenAngefordert);
-}
-
-TEST_F(DatenbankImport, EinArchivOhneBrauchbarenStoreWirdAbgelehntOhneEtwasZuAendern)
-{
-    // Emptied beforehand, so that the import's own emptying writes nothing.
-    ManagedObjectContext *moc = delegate->managedObjectContext();
-    for (const char *entitaet : {"FKRRechnung", "FKRPosten", "FKREmpfaenger", "FKRAbsender"}) {
-        for (ManagedObject *objekt : moc->executeFetchRequest({QString::fromLatin1(entitaet), {}, {}}))
-            moc->deleteObject(objekt);
-    }
-    delegate->saveAction();
-    delegate->dataBackupsDirectory();
+    // Every refusal happens before the emptying: the data folder stays as it was, sync stays
+    // on, nothing goes to sync and no backup is written.
     import->setGrenzen(ziptest::testGrenzen());
-    const QString archiv = quelle.path() + "/fremd.fks";
-    const QMap<QString, QByteArray> vorher = ziptest::baum(heimat.datenOrdner());
+    delegate->dataBackupsDirectory();
+    const QString boeseDatei = quelle.path() + "/boese.txt";
+    ziptest::schreibe(boeseDatei, "boese");
+    QList<std::pair<std::string, std::function<QString()>>> faelle{
+        {"another extension", [this] { return fremdesArchiv(QStringLiteral("sicherung.zip")); }},
+        {"an entry beside the data folder", [&] {
+             const QString archiv = quelle.path() + "/boese.fks";
+             EXPECT_TRUE(FKRZipArchiv::erstelle(archiv, {{boeseDatei, QStringLiteral("../VelmoraRechnungen.storedata")}}));
+             return archiv;
+         }},
+    };
     for (const ziptest::UnbrauchbaresArchiv &fall : ziptest::unbrauchbareArchive()) {
-        SCOPED_TRACE(fall.was);
-        ziptest::baueStoreArchiv(archiv, fall.store(quelle.path()));
+        faelle.append({fall.was, [this, fall] {
+                           const QString archiv = quelle.path() + "/fremd.fks";
+                           ziptest::baueStoreArchiv(archiv, fall.store(quelle.path()));
+                           return archiv;
+                       }});
+    }
+    const QMap<QString, QByteArray> vorher = ziptest::baum(heimat.datenOrdner());
+    for (const auto &[was, archiv] : faelle) {
+        SCOPED_TRACE(was);
         presenter.alerts.clear();
-        presenter.antworten = {kErsterKnopf};
-        presenter.panelAntworten = {QStringList{archiv}};
+        fortschritt.clear();
+        const QString pfad = archiv();
+        presenter.panelAntworten = {QStringList{pfad}};
         import->datenbankImportButtonSelected();
         warteAufEnde();
-        EXPECT_EQ(presenter.alertTexte(), (QStringList{"ALERT_TEXT_REALLY_IMPORT_DATABASE", "DATABASE_IMPORT_PROBLEM"}));
+        ASSERT_EQ(presenter.alertTexte(), (QStringList{"ALERT_TEXT_REALLY_IMPORT_DATABASE", "DATABASE_IMPORT_PROBLEM"}));
+        EXPECT_EQ(presenter.alerts[1].titelSchluessel, "ALERT_TITLE_PROBLEM");
+        EXPECT_EQ(presenter.alerts[1].knopfSchluessel, QStringList{"BUTTON_TITLE_CLOSE"});
+        EXPECT_EQ(presenter.alerts[1].zusatzText, QFileInfo(pfad).fileName());
         EXPECT_EQ(ziptest::unterschiede(vorher, ziptest::baum(heimat.datenOrdner())), "");
+        EXPECT_EQ(fortschritt, (QList<bool>{true, false}));
     }
-    EXPECT_FALSE(beendenAngefordert);
+    EXPECT_EQ(anzahlImStore(), 4);
+    EXPECT_TRUE(sync->aufrufe.isEmpty());
+    EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
     EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
+    EXPECT_FALSE(beendenAngefordert);
+}
+
+TEST_F(DatenbankImport, ScheitertDasEinsetzenLiegenDieDatenVonVorherInDerSicherung)
+{
+    const QString archiv = fremdesArchiv(QStringLiteral("sicherung.fks"));
+    presenter.panelAntworten = {QStringList{archiv}};
+    import->datenbankImportButtonSelected();
+    ASSERT_TRUE(warteBis([this] { return import->zustand() == FKRDatenbankImport::Zustand::Leeren; }));
+    // A folder where the store file was stops the renames.
+    const QString store = heimat.datenOrdner() + "/VelmoraRechnungen.storedata";
+    ASSERT_TRUE(QFile::remove(store));
+    ASSERT_TRUE(QDir().mkdir(store));
+    warteAufEnde();
+    QDir(store).removeRecursively();
+
+    ASSERT_EQ(presenter.alertTexte().last(), "DATABASE_IMPORT_FAILED");
+    const QString sicherung = presenter.alerts.last().zusatzText;
+    EXPECT_EQ(sicherung, import->sicherungVorDemImport());
+    EXPECT_EQ(QFileInfo(sicherung).absolutePath(), QFileInfo(delegate->dataBackupsDirectory()).absoluteFilePath());
+    EXPECT_FALSE(beendenAngefordert);
+    EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Bereit);
+
+    // The backup holds the document as it was before the import emptied the store.
+    QTemporaryDir entpackt;
+    ASSERT_EQ(FKRZipArchiv::entpackeSicher(sicherung, entpackt.path(), FKRDatensicherung::storeDateiNamen()),
+              FKRZipArchiv::Ergebnis::Erfolg);
+    storetest::OpenStore vorher(entpackt.path() + "/VelmoraRechnungen.storedata");
+    const auto rechnungen = vorher.moc().fetch<FKRRechnung>();
+    ASSERT_EQ(rechnungen.size(), 1);
+    EXPECT_EQ(rechnungen[0]->rechnungsNummer(), "Hiesig");
 }
 
 TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueIdentitaeten)
 {
-    const QString archiv = fremdesArchiv(QStringLiteral("23.11.26, 10-15-DataBackup.fks"));
+    const QString archiv = fremdesArchiv(QStringLiteral("2026-11-23 10.15.00-DataBackup.fks"));
     // A stale side file from before stays where it is; the archive has none.
     QFile(heimat.datenOrdner() + "/VelmoraRechnungen.storedata-wal").open(QIODevice::WriteOnly);
     presenter.panelAntworten = {QStringList{archiv}};
     import->datenbankImportButtonSelected();
-    EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Leeren);
+    EXPECT_EQ(presenter.panelFilter.last().endungen, QStringList{"fks"});
+    EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Pruefen) << "checked before anything is emptied";
+    EXPECT_EQ(anzahlImStore(), 4);
     warteAufEnde();
 
     // The deletions went to sync, a wait later the store left it, another wait later it was unpacked.

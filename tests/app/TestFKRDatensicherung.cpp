@@ -66,18 +66,17 @@ protected:
     }
 };
 
-TEST(FKRDatensicherungNamen, DieStoreDateienUndDerArchivNameAusKurzemDatumUndZeit)
+TEST(FKRDatensicherungNamen, DieStoreDateienUndDerArchivNameSortiertNachDatumInJederSprache)
 {
     EXPECT_EQ(FKRDatensicherung::storeDateiNamen(),
               (QStringList{kStore, kShm, QStringLiteral("VelmoraRechnungen.storedata-wal")}));
-    // The colon of the time would be refused by FAT and NTFS drives, the slash of American
-    // dates by every file system.
-    EXPECT_EQ(FKRDatensicherung::archivName(kMoment), QStringLiteral("14.03.26, 10-00-DataBackup.fks"));
+    // No colon (refused by FAT and NTFS drives), no slash; the same name in every locale.
+    EXPECT_EQ(FKRDatensicherung::archivName(kMoment), QStringLiteral("2026-03-14 10.00.00-DataBackup.fks"));
     const QLocale vorher;
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    const QString amerikanisch = FKRDatensicherung::archivName(kMoment.addSecs(13 * 3600 + 5 * 60));
+    const QString amerikanisch = FKRDatensicherung::archivName(kMoment.addSecs(13 * 3600 + 5 * 60 + 9));
     QLocale::setDefault(vorher);
-    EXPECT_EQ(amerikanisch, QStringLiteral("3-14-26, 11-05 PM-DataBackup.fks"));
+    EXPECT_EQ(amerikanisch, QStringLiteral("2026-03-14 23.05.09-DataBackup.fks"));
 }
 
 TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerliertKeinArchiv)
@@ -122,18 +121,18 @@ TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerlie
     }
     const QByteArray erstesArchiv = lies(erwartet);
     sicherung.starte(kMoment);
-    EXPECT_EQ(warteAufMeldung(sicherung).archiv, sicherungen + QStringLiteral("/14.03.26, 10-00 (2)-DataBackup.fks"));
+    EXPECT_EQ(warteAufMeldung(sicherung).archiv, sicherungen + QStringLiteral("/2026-03-14 10.00.00 (2)-DataBackup.fks"));
     EXPECT_FALSE(QFile::exists(alterEntwurf));
     EXPECT_TRUE(QFile::remove(jungerEntwurf));
     FKRDatensicherung naechste(daten, sicherungen);
     naechste.starte(kMoment);
-    EXPECT_EQ(warteAufMeldung(naechste).archiv, sicherungen + QStringLiteral("/14.03.26, 10-00 (3)-DataBackup.fks"));
+    EXPECT_EQ(warteAufMeldung(naechste).archiv, sicherungen + QStringLiteral("/2026-03-14 10.00.00 (3)-DataBackup.fks"));
     EXPECT_EQ(lies(erwartet), erstesArchiv);
     EXPECT_EQ(FKRDatensicherung::freierArchivPfad(sicherungen, kMoment),
-              sicherungen + QStringLiteral("/14.03.26, 10-00 (4)-DataBackup.fks"));
-    EXPECT_EQ(baum(sicherungen).keys(), (QStringList{QStringLiteral("/14.03.26, 10-00 (2)-DataBackup.fks"),
-                                                      QStringLiteral("/14.03.26, 10-00 (3)-DataBackup.fks"),
-                                                      QStringLiteral("/14.03.26, 10-00-DataBackup.fks")}))
+              sicherungen + QStringLiteral("/2026-03-14 10.00.00 (4)-DataBackup.fks"));
+    EXPECT_EQ(baum(sicherungen).keys(), (QStringList{QStringLiteral("/2026-03-14 10.00.00 (2)-DataBackup.fks"),
+                                                      QStringLiteral("/2026-03-14 10.00.00 (3)-DataBackup.fks"),
+                                                      QStringLiteral("/2026-03-14 10.00.00-DataBackup.fks")}))
         << "no drafts or copies are left behind";
 
     // The command line names its archive itself and may replace it.

@@ -122,7 +122,8 @@ TEST_F(UrlImport, AcmeWirdDritterPostenUndEmpfaengerWirdAngelegtDannGefunden)
     EXPECT_EQ(posten->anzahl(), dec("1.5"));
     EXPECT_EQ(posten->einzelbetrag(), dec("80"));
     ASSERT_NE(editor.dokument->empfaenger(), nullptr);
-    EXPECT_EQ(editor.dokument->empfaenger()->name(), u"Acme"_s);
+    EXPECT_EQ(editor.dokument->empfaenger()->firma(), u"Acme"_s);
+    EXPECT_EQ(editor.dokument->empfaenger()->name(), std::nullopt) << "a client is a business, not a person";
     EXPECT_EQ(editor.dokument->empfaenger()->notiz(), u""_s);
     EXPECT_EQ(speicherungen, 2); // the new recipient, then the item
     EXPECT_FALSE(moc.hasChanges());
@@ -199,7 +200,7 @@ TEST_F(UrlImport, AnfrageWirdEinmalDekodiertDannZerlegt)
     ASSERT_NE(posten, nullptr);
     EXPECT_EQ(posten->postenBezeichnung(), u"X  b+c  a"_s);
     EXPECT_EQ(posten->postenBeschreibung(), u"1.3. 10:00 - "_s);
-    EXPECT_EQ(editor.dokument->empfaenger()->name(), u"X"_s);
+    EXPECT_EQ(editor.dokument->empfaenger()->firma(), u"X"_s);
 
     // A "%" that starts no escape stays as it is and leaves the other escapes working; bytes
     // that are not UTF-8 become replacement characters.
@@ -236,6 +237,7 @@ TEST_F(UrlImport, WerteWerdenUebernommenOderDieGanzeUrlAbgelehnt)
         {u"summeStunden=-5400&summeErtraege=120"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
         {u"summeStunden=1,5"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
         {u"summeStunden=NaN"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
+        {u"summeStunden=zwei&summeErtraege=120"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
         {u"summeStunden= 5400"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
         {u"summeStunden=1e200"_s, M::Stunden, nullptr, nullptr, u"summeStunden"_s},
         {u"summeStunden=5400&summeErtraege=-0.01"_s, M::Ertraege, nullptr, nullptr, u"summeErtraege"_s},
@@ -325,7 +327,7 @@ TEST_F(ImportImModell, WendetDieRegelnAnUndFindetEmpfaengerUeberAlle)
     OpenStore store(path);
     auto *rechnung = static_cast<FKRRechnung *>(store.byIdentifier(u"FKRRechnung"_s, dokumentId));
     ASSERT_TRUE(rechnung && rechnung->empfaenger());
-    EXPECT_EQ(rechnung->empfaenger()->name(), u"Neu GmbH"_s);
+    EXPECT_EQ(rechnung->empfaenger()->firma(), u"Neu GmbH"_s);
     EXPECT_EQ(rechnung->empfaenger()->notiz(), u"Weg 3"_s);
     EXPECT_EQ(store.moc().fetch<FKREmpfaenger>().size(), 2);
     ASSERT_EQ(rechnung->posten().size(), 1);

@@ -72,7 +72,7 @@ TEST_F(FKRZipArchivTest, DieStoreDateienGehenUnterIhrenNamenHineinUndKommenUnver
         eintraege.append({quelle + QLatin1Char('/') + name, name});
     eintraege.append({quelle + QStringLiteral("/fehlt"), QStringLiteral("fehlt")});
     eintraege.append({quelle, QStringLiteral("ein Ordner")});
-    const QString archiv = pfad(QStringLiteral("14.03.26, 10-00-DataBackup.fks"));
+    const QString archiv = pfad(QStringLiteral("2026-03-14 10.00.00-DataBackup.fks"));
     QString fehler;
     ASSERT_TRUE(FKRZipArchiv::erstelle(archiv, eintraege, &fehler)) << fehler.toStdString();
 

@@ -91,14 +91,18 @@ TEST_F(DocumentLanguage, AbsentOrUnknownLanguageFollowsTheUserAndReinstallingSwi
     for (const std::optional<int> sprache : {std::optional<int>(), std::optional<int>(0), std::optional<int>(3)})
         EXPECT_EQ(text("Angebot:", sprache), u"Quote:"_s);
     EXPECT_EQ(QCoreApplication::translate(FKRLocalizationHelper::kContext, "BUTTON_TITLE_CLOSE"), u"Close"_s);
+    // The standard dialogs speak the user's language too.
+    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), u"Look in:"_s);
 
     useLocale(QLocale::German, QLocale::Austria);
     EXPECT_EQ(text("Angebot:", 3), u"Angebot:"_s);
     EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(u"BUTTON_TITLE_CLOSE"_s), u"Schließen"_s);
+    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), u"Suchen in:"_s);
 
     // Every language other than German gets the English table.
     useLocale(QLocale::French, QLocale::France);
     EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(u"WOCHENTAG_MONTAG"_s), u"Monday"_s);
+    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), u"Look in:"_s);
 }
 
 TEST_F(DocumentLanguage, KeyMissingEverywhereComesBackUnchanged)

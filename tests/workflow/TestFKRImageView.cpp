@@ -232,6 +232,8 @@ TEST_F(BildFeldTest, ImEditorWaehlenUndLoeschenMitRueckfrage)
     QTest::mouseClick(tab.findChild<QPushButton *>(u"absenderLogoImageViewWaehlenButton"_s), Qt::LeftButton);
     EXPECT_EQ(absender->logoImageBinary(), inhalt(pfad));
     EXPECT_TRUE(logo.zeigtBild());
+    ASSERT_EQ(presenter.panelFilter.size(), 1);
+    EXPECT_EQ(presenter.panelFilter[0].endungen, (QStringList{u"jpg"_s, u"jpeg"_s, u"png"_s, u"tif"_s, u"tiff"_s}));
 
     // Delete asks; cancelling keeps the image, OK clears bytes and path.
     QPushButton *loeschen = tab.findChild<QPushButton *>(u"absenderLogoImageViewLoeschenButton"_s);

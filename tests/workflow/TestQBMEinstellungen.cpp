@@ -2,6 +2,7 @@
 // the right order, and starts the database import.
 
 #include "WorkflowTestSupport.h"
+#include "../model/StoreTestSupport.h"
 
 #include "FKRDatenbankImport.h"
 #include "QBBenutzerEinstellungen.h"
@@ -11,6 +12,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 using namespace workflowtest;
 using namespace Qt::Literals::StringLiterals;
@@ -87,7 +89,7 @@ TEST_F(EinstellungenTest, SyncAusTrenntVorDemSyncSchritt)
     EXPECT_EQ(sync->aufrufe, (QStringList{u"trenneSyncMitAbschluss"_s, u"synchronisiere"_s}));
 }
 
-TEST_F(EinstellungenTest, ImportKnopfStartetDenImportUndZeigtDenFortschritt)
+TEST_F(EinstellungenTest, ImportKnopfPrueftDieDateiBevorEtwasGeleertWird)
 {
     // The user cancels the confirmation: nothing else happens and the screen is idle again.
     presenter.antworten = {kZweiterKnopf};
@@ -97,18 +99,35 @@ TEST_F(EinstellungenTest, ImportKnopfStartetDenImportUndZeigtDenFortschritt)
     EXPECT_FALSE(screen.spinnerView()->isVisible());
     EXPECT_TRUE(screen.importButton()->isEnabled());
 
-    // While it runs, the progress shows and the button cannot start a second import.
+    // A file that only looks like a backup: while it is checked the progress shows and the
+    // button cannot start a second import; then the user learns why, and every document is
+    // still there.
+    moc().insertNewObject<FKRRechnung>()->setRechnungsNummer(u"Rechnung: 7"_s);
+    delegate->saveAction();
+    QTemporaryDir ordner;
+    const QString falsch = ordner.filePath(u"sicherung.fks"_s);
+    QFile datei(falsch);
+    ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
+    datei.write("PK\x03\x04 keine Datensicherung");
+    datei.close();
     bool sichtbarWaehrendDesImports = false;
     QObject::connect(&screen.datenbankImport(), &FKRDatenbankImport::fortschrittSichtbar, &screen, [&](bool an) {
         if (an)
             sichtbarWaehrendDesImports = screen.spinnerView()->isVisible() && !screen.importButton()->isEnabled();
     });
+    presenter.alerts.clear();
     presenter.antworten = {kErsterKnopf};
-    presenter.panelAntworten = {QStringList()};
+    presenter.panelAntworten = {QStringList{falsch}};
     QTest::mouseClick(screen.importButton(), Qt::LeftButton);
     EXPECT_TRUE(apptest::warteBis([&] { return screen.datenbankImport().zustand() == FKRDatenbankImport::Zustand::Bereit; }));
     EXPECT_TRUE(sichtbarWaehrendDesImports);
     EXPECT_FALSE(screen.spinnerView()->isVisible());
+    EXPECT_EQ(presenter.alertTexte(), (QStringList{u"ALERT_TEXT_REALLY_IMPORT_DATABASE"_s, u"DATABASE_IMPORT_PROBLEM"_s}));
+    storetest::OpenStore store(delegate->storeURL());
+    const auto rechnungen = store.moc().fetch<FKRRechnung>();
+    ASSERT_EQ(rechnungen.size(), 1);
+    EXPECT_EQ(rechnungen[0]->rechnungsNummer(), u"Rechnung: 7"_s);
+    EXPECT_TRUE(sync->aufrufe.isEmpty());
 }
 
 } // namespace

@@ -28,7 +28,7 @@ struct StillerPresenter : FKRAlertPresenter {
         std::fprintf(stderr, "fehler %s\n", qPrintable(fehler.localizedDescription));
         return false;
     }
-    QStringList waehleDateien(const QString &, const QString &, const QString &) override { return {}; }
+    QStringList waehleDateien(const QString &, const QString &, const QString &, const DateiFilter &) override { return {}; }
     QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override
     {
         return {};
