@@ -153,3 +153,33 @@ TEST(DecimalFormatter, LocalisedTwoDigitTextRoundsHalfToEven)
     EXPECT_EQ(DecimalFormatter::format(d("12345678901234567890.125"), "en_US"), "12,345,678,901,234,567,890.12");
     EXPECT_EQ(DecimalFormatter::format(d("19"), "de_DE"), "19,00");
 }
+
+TEST(DecimalFormatter, CurrencyStandsWhereTheLocaleWantsIt)
+{
+    const std::string nbsp = "\u00a0";
+    const struct
+    {
+        const char *betrag, *locale, *waehrung;
+        std::optional<std::string> text;
+    } faelle[] = {
+        // A symbol stays a symbol, a code a code; the locale places and spaces either.
+        {"1234.5", "en_US", "€", "€1,234.50"},
+        {"0.125", "en_US", "$", "$0.12"},
+        {"-3", "en_US", "£", "-£3.00"},
+        {"1234.5", "en_US", "CHF", "CHF" + nbsp + "1,234.50"},
+        {"10", "en_US", "EUR", "EUR" + nbsp + "10.00"},
+        {"1234.5", "de_DE", "€", "1.234,50" + nbsp + "€"},
+        {"5", "en_US", "JPY", "JPY" + nbsp + "5.00"},
+        // Texts that name no currency.
+        {"1", "en_US", "Taler", std::nullopt},
+        {"1", "en_US", "eur", std::nullopt},
+        {"1", "en_US", "XQQ", std::nullopt},
+        {"1", "en_US", "", std::nullopt},
+        {"1", "en_US", "EURO", std::nullopt},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(std::string(fall.betrag) + " " + fall.locale + " " + fall.waehrung);
+        EXPECT_EQ(DecimalFormatter::formatCurrency(d(fall.betrag), fall.locale, fall.waehrung), fall.text);
+    }
+    EXPECT_EQ(DecimalFormatter::formatCurrency(Decimal::notANumber(), "en_US", "€"), std::nullopt);
+}
