@@ -1,5 +1,6 @@
 #include "FKRPDFDatei.h"
 
+#include "FKRPDFHerausgeber.h"
 #include "FKRPDFSchutz.h"
 #include "FKRPDFTextSatz.h"
 
@@ -21,6 +22,8 @@ QPageLayout seitenLayout(QSizeF groesse)
 
 FKRPDFDatei::FKRPDFDatei(const QString &pfad, QSizeF ersteSeite)
     : m_pfad(pfad)
+    , m_titel(QString::fromUtf8(FKRPDFHerausgeber::kTitel))
+    , m_autor(QString::fromUtf8(FKRPDFHerausgeber::kWebAdresse))
 {
     m_puffer.open(QIODevice::WriteOnly);
     m_pdf = std::make_unique<QPdfWriter>(&m_puffer);
@@ -54,6 +57,12 @@ double FKRPDFDatei::geraeteLaenge(double punkte)
     return punkte * FKRPDFTextSatz::kMassstab;
 }
 
+void FKRPDFDatei::setzeInformation(const QString &titel, const QString &autor)
+{
+    m_titel = titel;
+    m_autor = autor;
+}
+
 void FKRPDFDatei::neueSeite(QSizeF groesse)
 {
     setzeSeitenGroesse(groesse);
@@ -68,7 +77,7 @@ bool FKRPDFDatei::schliesse(QString *fehler)
         return false;
     }
     try {
-        const QByteArray fertig = FKRPDFSchutz::schuetze(m_puffer.data(), m_seitenGroessen);
+        const QByteArray fertig = FKRPDFSchutz::schuetze(m_puffer.data(), m_seitenGroessen, m_titel, m_autor);
         QSaveFile datei(m_pfad);
         datei.setDirectWriteFallback(false);
         if (!datei.open(QIODevice::WriteOnly) || datei.write(fertig) != fertig.size() || !datei.commit()) {

@@ -32,6 +32,10 @@ public:
     QPointF geraetePunkt(double x, double y) const;
     static double geraeteLaenge(double punkte);
 
+    // Title and author of the file's document information; the publisher's (FKRPDFHerausgeber)
+    // until set.
+    void setzeInformation(const QString &titel, const QString &autor);
+
     // Begins the next page; the first one is begun by the constructor.
     void neueSeite(QSizeF groesse);
 
@@ -47,6 +51,8 @@ private:
     std::unique_ptr<QPdfWriter> m_pdf;
     QPainter m_painter;
     QList<QSizeF> m_seitenGroessen;
+    QString m_titel;
+    QString m_autor;
     // How far the drawing engine's page (whole points) is higher than the exact page; the
     // content is moved by this much so that it sits right once the exact media box is set.
     double m_hoehenVersatz = 0.0;

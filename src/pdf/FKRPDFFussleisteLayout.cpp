@@ -65,14 +65,10 @@ double FKRPDFFussleisteLayout::schreibeAbsenderBloecke(FKRRechnung &rechnung, do
 
 double FKRPDFFussleisteLayout::zeichneLogo(FKRRechnung &rechnung, double y)
 {
-    const FKRAbsender *absender = rechnung.absender();
-    if (!absender || hatGeschaeftspapier(absender))
-        return y;
-    const double rechterRand = pageSize().width() - randRechts();
-    const double maxWeite = pageSize().width() - randLinks() - randRechts();
-    if (const auto bild = absender->logoImageBinary())
-        return zeichneBild(bild, Rechts, rechterRand, y, maxWeite, 4.5 * kcm());
-    return zeichneBildMitDateiPfad(absender->logoImagePath(), Rechts, rechterRand, y, maxWeite, 4.5 * kcm());
+    // Across the text width, its right edge on the right margin, above the sender line and the
+    // dates block.
+    return zeichneLogoInRaum(rechnung,
+                             QRectF(QPointF(randLinks(), y), QPointF(pageSize().width() - randRechts(), logoUnterkante())));
 }
 
 double FKRPDFFussleisteLayout::pruefeSeitenumbruch(const QString &text, const QFont &font, FKRRechnung &rechnung,

@@ -1,14 +1,18 @@
 #include "FKRPDFLayout.h"
 
 #include "FKRAbsender.h"
+#include "FKRAnzeigeName.h"
 #include "FKREmpfaenger.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRPDFFussleisteLayout.h"
+#include "FKRPDFHerausgeber.h"
 #include "FKRPDFKopfleisteLayout.h"
 #include "FKRPDFSchriften.h"
 #include "FKRPDFSeitenleisteLayout.h"
 #include "FKRRechnung.h"
 #include "QBBenutzerEinstellungen.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -22,6 +26,12 @@ std::optional<int> sprache(const FKRRechnung &rechnung)
 QString text(const FKRRechnung &rechnung, const char *schluessel)
 {
     return FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(schluessel), sprache(rechnung));
+}
+
+// A text with more than blanks in it, trimmed.
+std::optional<QString> mitText(const std::optional<QString> &wert)
+{
+    return wert && !wert->trimmed().isEmpty() ? std::optional(wert->trimmed()) : std::nullopt;
 }
 
 } // namespace
@@ -70,6 +80,13 @@ void FKRPDFLayout::erstellePDFDateiImPfad(const QString &pfad, FKRRechnung &rech
     // document after the user switched paper sizes already has pages of the new size.
     setzeSeitenGeometrie();
     startePDFDateiImPfad(pfad, rechnung);
+    // A reader lists the file under the document's number and its sender; a document without
+    // them keeps the program's own title and the publisher as author.
+    const FKRAbsender *absender = rechnung.absender();
+    const QString autor =
+        absender ? FKRAnzeigeName::verbinde(mitText(absender->firma()), mitText(absender->name()), QString()) : QString();
+    setzeDokumentInformation(mitText(rechnung.rechnungsNummer()).value_or(QString::fromUtf8(FKRPDFHerausgeber::kTitel)),
+                             autor.isEmpty() ? QString::fromUtf8(FKRPDFHerausgeber::kWebAdresse) : autor);
     try {
         schreibeInhaltFuerRechnung(rechnung, 0.0);
         beendePDFDatei(rechnung);
@@ -141,6 +158,22 @@ void FKRPDFLayout::zeichneGeschaeftspapier(FKRRechnung &rechnung)
                                 pageSize().height());
 }
 
+double FKRPDFLayout::zeichneLogoInRaum(FKRRechnung &rechnung, const QRectF &raum)
+{
+    const FKRAbsender *absender = rechnung.absender();
+    if (!absender || hatGeschaeftspapier(absender) || raum.isEmpty())
+        return raum.top();
+    if (const auto bild = absender->logoImageBinary())
+        return zeichneBild(bild, Rechts, raum.right(), raum.top(), raum.width(), raum.height());
+    return zeichneBildMitDateiPfad(absender->logoImagePath(), Rechts, raum.right(), raum.top(), raum.width(),
+                                   raum.height());
+}
+
+double FKRPDFLayout::logoUnterkante() const
+{
+    return std::min(absenderUeberEmpfaengerBlockYPosition, datumsAngabenBlockYPosition) - 0.5 * kcm();
+}
+
 double FKRPDFLayout::schreibeAbsenderUeberEmpfaenger(FKRRechnung &rechnung, double y)
 {
     const FKRAbsender *absender = rechnung.absender();
@@ -152,8 +185,13 @@ double FKRPDFLayout::schreibeAbsenderUeberEmpfaenger(FKRRechnung &rechnung, doub
         zeile += (absender->firma() ? trenner : QString()) + *absender->name();
     if (absender->strasse())
         zeile += trenner + *absender->strasse();
-    if (absender->ort())
-        zeile += trenner + (absender->plz() ? *absender->plz() + QLatin1Char(' ') : QString()) + *absender->ort();
+    if (absender->ort()) {
+        // Postcode and town stay on one line, also a postcode or a town with a blank of its own
+        // ("BS1 4DJ", "Frankfurt am Main"): read across a line end, the town would lose its
+        // postcode.
+        QString ort = (absender->plz() ? *absender->plz() + QLatin1Char(' ') : QString()) + *absender->ort();
+        zeile += trenner + ort.replace(QLatin1Char(' '), QChar(QChar::Nbsp));
+    }
     if (absender->land())
         zeile += trenner + *absender->land();
     return schreibeText(zeile, Links, faelligkeitsFont, absenderUeberEmpfaengerBlockXPosition, y,

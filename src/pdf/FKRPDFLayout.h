@@ -4,6 +4,7 @@
 
 #include <QFont>
 #include <QList>
+#include <QRectF>
 
 class FKRAbsender;
 class FKRPosten;
@@ -96,6 +97,14 @@ public:
     double seitennummerBlockWidth = 0.0;
 
 protected:
+    // The sender's logo (bytes, else file) with its right edge on the right of `raum` and its top
+    // on the top, scaled down into `raum` keeping its proportions and never enlarged; nothing
+    // without a sender or when the sender has a letterhead. Returns y below the logo.
+    double zeichneLogoInRaum(FKRRechnung &rechnung, const QRectF &raum);
+    // How far down a logo at the top of the page may reach: half a centimetre above the sender
+    // line and the dates block, so that it never covers a line of them.
+    double logoUnterkante() const;
+
     // The dates block's lines, aligned within (x, weite) from y; sets the page number's y below them.
     double schreibeDatumsZeilen(FKRRechnung &rechnung, double y, int ausrichtung, double x, double weite);
 

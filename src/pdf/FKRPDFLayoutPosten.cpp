@@ -1,9 +1,9 @@
 // The item table with its totals, and the two sentences below it (due date, cash discount).
 #include "FKRPDFLayout.h"
 
-#include "FKRBetragsFormat.h"
 #include "FKRFehlenderWert.h"
 #include "FKRLocalizationHelper.h"
+#include "FKRPDFZahlen.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
 #include "QBAdditions.h"
@@ -25,15 +25,12 @@ QString text(const FKRRechnung &rechnung, const char *schluessel)
 
 QString betrag(const Decimal &wert, const FKRRechnung &rechnung)
 {
-    return FKRBetragsFormat::betragText(FKRBetragsFormat::formatiert(wert), rechnung);
+    return FKRPDFZahlen::betrag(wert, rechnung);
 }
 
-// A rate given as a fraction, as a percentage with two digits ("10,00"); "0" when it cannot be
-// written as a number.
-QString prozent(const Decimal &anteil)
+QString prozent(const Decimal &anteil, const FKRRechnung &rechnung)
 {
-    const QString ergebnis = FKRBetragsFormat::formatiert(anteil * Decimal(100));
-    return ergebnis.isEmpty() ? QStringLiteral("0") : ergebnis;
+    return FKRPDFZahlen::prozent(anteil, rechnung);
 }
 
 bool positiv(const std::optional<Decimal> &wert)
@@ -60,23 +57,28 @@ double FKRPDFLayout::schreibePosten(FKRRechnung &rechnung, double y)
     const double w = rechnungsTextWidth;
     const auto rabatt = rechnung.rabatt();
     const auto zuschlag = rechnung.zuschlag();
-    const auto mwSt = rechnung.mwStSatz();
+    // A net document adds no VAT to its total, so it prints none: a VAT row between the subtotal
+    // and an equal total would read as an error in the sum.
+    const bool mitSteuer = positiv(rechnung.mwStSatz()) && rechnung.brutto() == true;
     const auto zeile = [&](bool linie, const QString &label, const Decimal &wert) {
         y = schreibeSummenZeile(textFont, linie, label, betrag(wert, rechnung), x, y, w, rechnung);
     };
-    if (positiv(rabatt) || positiv(zuschlag) || positiv(mwSt))
+    // The subtotal stands before what changes it; with nothing between it and the total it would
+    // only repeat the total.
+    if (positiv(rabatt) || positiv(zuschlag) || mitSteuer)
         zeile(true, text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Zwischensumme")), rechnung.postenSumme());
     if (positiv(rabatt))
-        zeile(false, text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Rabatt")) + QLatin1Char(' ') + prozent(*rabatt) + u'%',
+        zeile(false, text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Rabatt")) + QLatin1Char(' ') + prozent(*rabatt, rechnung) + u'%',
               rechnung.rabattBetrag());
     if (positiv(zuschlag))
         zeile(false,
-              text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Zuschlag")) + QLatin1Char(' ') + prozent(*zuschlag) + u'%',
+              text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Zuschlag")) + QLatin1Char(' ') + prozent(*zuschlag, rechnung) + u'%',
               rechnung.zuschlagBetrag());
     if (positiv(rabatt) || positiv(zuschlag))
         zeile(true, text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Zwischensumme")), rechnung.nettoSumme());
-    if (positiv(mwSt))
-        zeile(false, text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Umsatzsteuer ")) + prozent(*mwSt) + u'%',
+    if (mitSteuer)
+        zeile(false,
+              text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Umsatzsteuer ")) + prozent(*rechnung.mwStSatz(), rechnung) + u'%',
               rechnung.umsatzsteuerSumme());
     zeile(true, text(rechnung, QT_TRANSLATE_NOOP("Velmora", "Rechnungssumme")), rechnung.rechnungsSumme());
     return y + 0.4 * kcm();
@@ -114,7 +116,7 @@ double FKRPDFLayout::schreibePostenZeile(const FKRPosten &posten, FKRRechnung &r
     const auto einzelbetrag = posten.einzelbetrag();
     if (anzahl && !einzelbetrag)
         throw FKRFehlenderWert(QStringLiteral("einzelbetrag"));
-    const QString menge = anzahl ? FKRBetragsFormat::formatiert(*anzahl) : QString();
+    const QString menge = anzahl ? FKRPDFZahlen::zahl(*anzahl, rechnung) : QString();
     const QString preis = einzelbetrag ? betrag(*einzelbetrag, rechnung) : QString();
     const QString summe = anzahl ? betrag(*einzelbetrag * *anzahl, rechnung) : QString();
     const QString bezeichnung = posten.postenBezeichnung().value_or(QString());
@@ -194,7 +196,7 @@ double FKRPDFLayout::schreibeSkonto(FKRRechnung &rechnung, double y)
         text(rechnung, QT_TRANSLATE_NOOP("Velmora", "HTML_TOKEN_SKONTO_SATZ"))
             .arg(FKRLocalizationHelper::lokalisiertesDatum(letzterTag, DateStyle::Medium, DateStyle::None,
                                                            sprache(rechnung)),
-                 prozent(*skonto), betrag(rechnung.skontoBetrag(), rechnung),
+                 prozent(*skonto, rechnung), betrag(rechnung.skontoBetrag(), rechnung),
                  betrag(rechnung.rechnungsSummeAbzueglichSkonto(), rechnung));
     y = pruefeSeitenumbruch(satz, faelligkeitsFont, rechnung, y);
     return schreibeText(satz, Links, faelligkeitsFont, rechnungsTextXPosition, y, rechnungsTextWidth,

@@ -17,7 +17,8 @@ QString FKRPDFSchutz::neuesEigentuemerPasswort()
     return QUuid::createUuid().toString(QUuid::WithoutBraces).left(FKRPDFHerausgeber::kEigentuemerPasswortLaenge);
 }
 
-QByteArray FKRPDFSchutz::schuetze(const QByteArray &pdf, const QList<QSizeF> &seitenGroessen)
+QByteArray FKRPDFSchutz::schuetze(const QByteArray &pdf, const QList<QSizeF> &seitenGroessen, const QString &titel,
+                                  const QString &autor)
 {
     try {
         QPDF dokument;
@@ -40,9 +41,9 @@ QByteArray FKRPDFSchutz::schuetze(const QByteArray &pdf, const QList<QSizeF> &se
         }
 
         QPDFObjectHandle info = QPDFObjectHandle::newDictionary();
-        info.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(FKRPDFHerausgeber::kTitel));
+        info.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(titel.toStdString()));
         info.replaceKey("/Creator", QPDFObjectHandle::newUnicodeString(FKRPDFHerausgeber::kFirma));
-        info.replaceKey("/Author", QPDFObjectHandle::newUnicodeString(FKRPDFHerausgeber::kWebAdresse));
+        info.replaceKey("/Author", QPDFObjectHandle::newUnicodeString(autor.toStdString()));
         QPDFObjectHandle alteInfo = dokument.getTrailer().getKey("/Info");
         if (alteInfo.isDictionary()) {
             for (const char *schluessel : {"/Producer", "/CreationDate"})

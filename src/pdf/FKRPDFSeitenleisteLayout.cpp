@@ -65,13 +65,10 @@ double FKRPDFSeitenleisteLayout::schreibeDatumsAngaben(FKRRechnung &rechnung, do
 
 double FKRPDFSeitenleisteLayout::zeichneLogo(FKRRechnung &rechnung, double y)
 {
-    const FKRAbsender *absender = rechnung.absender();
-    if (!absender || hatGeschaeftspapier(absender))
-        return y;
-    const double rechteKante = absenderBlockXPosition - 0.5 * kcm();
-    if (const auto bild = absender->logoImageBinary())
-        return zeichneBild(bild, Rechts, rechteKante, y, 13.0 * kcm(), 4.5 * kcm());
-    return zeichneBildMitDateiPfad(absender->logoImagePath(), Rechts, rechteKante, y, 13.0 * kcm(), 4.5 * kcm());
+    // Left of the column, from the left margin to half a centimetre before the column, and
+    // above the sender line.
+    return zeichneLogoInRaum(rechnung, QRectF(QPointF(randLinks(), y),
+                                              QPointF(absenderBlockXPosition - 0.5 * kcm(), logoUnterkante())));
 }
 
 void FKRPDFSeitenleisteLayout::schreibeSeitennummer(uint seite, FKRRechnung &rechnung)

@@ -98,6 +98,11 @@ void FKRPDFWriter::beendePDFDatei(FKRRechnung &rechnung)
     m_bilder.clear();
 }
 
+void FKRPDFWriter::setzeDokumentInformation(const QString &titel, const QString &autor)
+{
+    datei().setzeInformation(titel, autor);
+}
+
 void FKRPDFWriter::verwerfePDFDatei()
 {
     m_pdfContext.reset();

@@ -69,6 +69,9 @@ public:
     // Numbers the last page when there are two or more, ends it and finishes the file.
     void beendePDFDatei(FKRRechnung &rechnung);
 
+    // Title and author that a reader shows for the open file; the publisher's until set.
+    void setzeDokumentInformation(const QString &titel, const QString &autor);
+
     // Every file is held to the bounds of FKRDokumentZuGross: starting page 1,001 and drawing
     // text beyond 2,000,000 characters (also measuring a text that would go beyond) throw it.
 

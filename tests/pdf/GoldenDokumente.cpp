@@ -147,6 +147,16 @@ QByteArray GoldenDokumente::logo()
     });
 }
 
+QByteArray GoldenDokumente::breitesLogo()
+{
+    // 400 x 120 points: wider and taller than the space above the sender line.
+    return bildPng({800, 240}, 144, [](QPainter &m) {
+        m.fillRect(0, 0, 240, 240, QColor(0x8b, 0x2f, 0x1f));
+        m.fillRect(270, 40, 530, 60, QColor(0x8b, 0x2f, 0x1f));
+        m.fillRect(270, 140, 400, 40, QColor(0x1e, 0x8a, 0xe0));
+    });
+}
+
 QByteArray GoldenDokumente::unterschrift()
 {
     return bildPng({300, 90}, 144, [](QPainter &m) {
@@ -235,6 +245,20 @@ QList<GoldenDokumente::Dokument> GoldenDokumente::alle()
              r->setzeNummerAlsMahnungZu(*r);
              r->setFaelligkeitsDatum(tag(2024, 4, 12));
              r->setRechnungsText(u"leider konnten wir zu unserer Rechnung noch keinen Zahlungseingang feststellen."_s);
+             return r;
+         }},
+        {u"fussleiste-breites-logo-a4-de"_s, false, [](ManagedObjectContext &c) {
+             FKRRechnung *r = dokument(c, 3, Layout::Fussleiste, false, u"Rechnung RE-2024-020"_s);
+             r->absender()->setLogoImageBinary(breitesLogo());
+             dreiPosten(c, r, false);
+             return r;
+         }},
+        {u"seitenleiste-netto-rechnung-a4-en"_s, false, [](ManagedObjectContext &c) {
+             FKRRechnung *r = dokument(c, 3, Layout::Seitenleiste, true, u"Invoice INV-2024-044"_s);
+             r->setBrutto(false);
+             dreiPosten(c, r, true);
+             r->setSkonto(d("0.02"));
+             r->setSkontoZeitraum(14);
              return r;
          }},
         {u"kopfleiste-anschreiben-letter-en"_s, true, [](ManagedObjectContext &c) {

@@ -2,8 +2,10 @@
 
 #include <QPainter>
 #include <QPdfDocument>
+#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -164,6 +166,31 @@ QString PdfPruefung::verschluesselungsEintraege() const
     return QString::fromUtf8(starte(QStringLiteral("qpdf"),
                                     {QStringLiteral("--show-object=%1,%2").arg(verweis.captured(1), verweis.captured(2)),
                                      m_pfad}));
+}
+
+QList<QRectF> PdfPruefung::bilder(int nummer) const
+{
+    seite(nummer);
+    // <pdf2xml><page number=".."><image top=".." left=".." width=".." height=".." src=".."/>;
+    // at zoom 1 the converter's pixels are points. It writes the images out next to the XML.
+    const QTemporaryDir ordner;
+    const QString stamm = ordner.filePath(QStringLiteral("seite"));
+    const QString seitenNummer = QString::number(nummer);
+    starte(QStringLiteral("pdftohtml"), {QStringLiteral("-xml"), QStringLiteral("-q"), QStringLiteral("-zoom"),
+                                         QStringLiteral("1"), QStringLiteral("-f"), seitenNummer, QStringLiteral("-l"),
+                                         seitenNummer, m_pfad, stamm});
+    QFile xml(stamm + QStringLiteral(".xml"));
+    QList<QRectF> boxen;
+    if (!xml.open(QIODevice::ReadOnly))
+        return boxen;
+    QXmlStreamReader leser(&xml);
+    while (!leser.atEnd()) {
+        if (leser.readNext() == QXmlStreamReader::StartElement && leser.name() == QLatin1String("image")) {
+            const QXmlStreamAttributes a = leser.attributes();
+            boxen.append(QRectF(zahl(a, "left"), zahl(a, "top"), zahl(a, "width"), zahl(a, "height")));
+        }
+    }
+    return boxen;
 }
 
 QImage PdfPruefung::bild(int nummer, double dpi) const

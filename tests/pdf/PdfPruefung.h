@@ -62,6 +62,10 @@ public:
     // /Perms), as qpdf shows them.
     QString verschluesselungsEintraege() const;
 
+    // The boxes in which the page's images are placed, as poppler's HTML converter lists them,
+    // in whole points. An image shows only within its box, transparent parts included.
+    QList<QRectF> bilder(int seite) const;
+
     // The page rendered at `dpi` onto white paper (RGB32).
     QImage bild(int seite, double dpi) const;
 

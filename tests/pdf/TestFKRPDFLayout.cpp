@@ -9,6 +9,7 @@
 #include "FKREmpfaenger.h"
 #include "FKRFehlenderWert.h"
 #include "FKRLocalizationHelper.h"
+#include "FKRPDFHerausgeber.h"
 #include "FKRPDFLayout.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
@@ -16,6 +17,7 @@
 #include "PdfPruefung.h"
 #include "Testbilder.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <cmath>
@@ -69,6 +71,24 @@ protected:
         return *p;
     }
 
+    // A sender with every detail the layouts print.
+    FKRAbsender &absender()
+    {
+        FKRAbsender *a = m_context.insertNewObject<FKRAbsender>();
+        a->setFirma(u"Atelierwerk"_s);
+        a->setName(u"Mira Sommer"_s);
+        a->setStrasse(u"Hafenweg 12"_s);
+        a->setPlz(u"20457"_s);
+        a->setOrt(u"Hamburg"_s);
+        a->setEmailAdresse(u"post@atelierwerk.example"_s);
+        a->setUmsatzsteuerId(u"DE123456789"_s);
+        a->setSteuerNummer(u"22/333/44444"_s);
+        a->setBankVerbindungInstitut(u"Hafenbank"_s);
+        a->setBankVerbindungIban(u"DE02120300000000202051"_s);
+        a->setBankVerbindungBic(u"BYLADEM1001"_s);
+        return *a;
+    }
+
     PdfPruefung rendere(FKRRechnung &r)
     {
         const QString pfad = m_ordner.filePath(u"dokument-%1.pdf"_s.arg(++m_nummer));
@@ -113,35 +133,55 @@ double zeile(const PdfPruefung &pdf, int seite, const QString &label, const QStr
 
 TEST_F(LayoutTest, TotalsRowsFollowDiscountSurchargeAndVat)
 {
-    FKRRechnung &r = rechnung();
-    r.setRabatt(d("0.1"));
-    r.setMwStSatz(d("0.19"));
-    r.setBrutto(true);
-    posten(r, 1, "2", "500", u"Beratung"_s);
-    const PdfPruefung pdf = rendere(r);
+    // Items of 1.000,00 in a document of the user's language (German); each case lists the rows
+    // under the table, from the top.
+    using Zeilen = QList<std::pair<QString, QString>>;
+    const struct
+    {
+        const char *fall;
+        const char *rabatt, *zuschlag, *mwSt;
+        std::optional<bool> brutto;
+        Zeilen zeilen;
+    } faelle[] = {
+        {"discount and VAT, gross", "0.1", "0", "0.19", true,
+         {{u"Zwischensumme"_s, u"€ 1.000,00"_s}, {u"Rabatt 10,00%"_s, u"€ 100,00"_s},
+          {u"Zwischensumme"_s, u"€ 900,00"_s}, {u"Umsatzsteuer 19,00%"_s, u"€ 171,00"_s},
+          {u"Gesamtsumme"_s, u"€ 1.071,00"_s}}},
+        {"VAT, gross", "0", "0", "0.19", true,
+         {{u"Zwischensumme"_s, u"€ 1.000,00"_s}, {u"Umsatzsteuer 19,00%"_s, u"€ 190,00"_s},
+          {u"Gesamtsumme"_s, u"€ 1.190,00"_s}}},
+        // A net document prints no VAT, and no subtotal that would only repeat the total.
+        {"VAT, net", "0", "0", "0.19", false, {{u"Gesamtsumme"_s, u"€ 1.000,00"_s}}},
+        {"VAT, neither gross nor net", "0", "0", "0.19", std::nullopt, {{u"Gesamtsumme"_s, u"€ 1.000,00"_s}}},
+        {"surcharge and VAT, net", "0", "0.05", "0.19", false,
+         {{u"Zwischensumme"_s, u"€ 1.000,00"_s}, {u"Zuschlag 5,00%"_s, u"€ 50,00"_s},
+          {u"Zwischensumme"_s, u"€ 1.050,00"_s}, {u"Gesamtsumme"_s, u"€ 1.050,00"_s}}},
+        {"nothing", "0", "0", "0", true, {{u"Gesamtsumme"_s, u"€ 1.000,00"_s}}},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.fall);
+        FKRRechnung &r = rechnung();
+        r.setRabatt(d(fall.rabatt));
+        r.setZuschlag(d(fall.zuschlag));
+        r.setMwStSatz(d(fall.mwSt));
+        r.setBrutto(fall.brutto);
+        posten(r, 1, "2", "500", u"Beratung"_s);
+        const PdfPruefung pdf = rendere(r);
 
-    // Subtotal, discount, subtotal, VAT, total, one below the other, with German numbers.
-    const double zwischen1 = zeile(pdf, 1, u"Zwischensumme"_s, u"€ 1.000,00"_s);
-    const double rabatt = zeile(pdf, 1, u"Rabatt 10,00%"_s, u"€ 100,00"_s);
-    const double zwischen2 = zeile(pdf, 1, u"Zwischensumme"_s, u"€ 900,00"_s);
-    const double steuer = zeile(pdf, 1, u"Umsatzsteuer 19,00%"_s, u"€ 171,00"_s);
-    const double summe = zeile(pdf, 1, u"Gesamtsumme"_s, u"€ 1.071,00"_s);
-    EXPECT_GT(zwischen1, 0);
-    EXPECT_LT(zwischen1, rabatt);
-    EXPECT_LT(rabatt, zwischen2);
-    EXPECT_LT(zwischen2, steuer);
-    EXPECT_LT(steuer, summe);
-    EXPECT_FALSE(pdf.text(1).contains(u"Zuschlag"_s));
-    // A rule above a row lengthens the step to it by 0.1 cm more than one without.
-    EXPECT_GT(zwischen2 - rabatt, rabatt - zwischen1);
-
-    // Without discount, surcharge and VAT only the total remains.
-    FKRRechnung &schlicht = rechnung();
-    posten(schlicht, 1, "1", "10", u"Beratung"_s);
-    const PdfPruefung nurSumme = rendere(schlicht);
-    zeile(nurSumme, 1, u"Gesamtsumme"_s, u"€ 10,00"_s);
-    EXPECT_FALSE(nurSumme.text(1).contains(u"Zwischensumme"_s));
-    EXPECT_FALSE(nurSumme.text(1).contains(u"Umsatzsteuer"_s));
+        double vorige = 0;
+        for (const auto &[label, betrag] : fall.zeilen) {
+            const QList<double> gefunden = zeilen(pdf, 1, label, betrag);
+            // "Zwischensumme" may stand twice with different amounts, never twice with one.
+            ASSERT_EQ(gefunden.size(), 1) << label.toStdString() << " " << betrag.toStdString();
+            EXPECT_GT(gefunden.first(), vorige) << label.toStdString();
+            vorige = gefunden.first();
+        }
+        const QString text = pdf.text(1);
+        for (const QString &label : {u"Zwischensumme"_s, u"Rabatt"_s, u"Zuschlag"_s, u"Umsatzsteuer"_s})
+            EXPECT_EQ(text.count(label), std::count_if(fall.zeilen.begin(), fall.zeilen.end(), [&](const auto &zeile) {
+                          return zeile.first.startsWith(label);
+                      })) << label.toStdString();
+    }
 }
 
 TEST_F(LayoutTest, ItemRowsAreSortedAndPriceTheUnroundedProduct)
@@ -200,23 +240,95 @@ TEST_F(LayoutTest, DueSentenceDependsOnTheDocumentType)
     EXPECT_FALSE(anschreibenText.contains(u"Beschreibung"_s));
 }
 
-TEST_F(LayoutTest, EnglishDocumentTakesEnglishWordsButTheUsersNumbers)
+// Every fixed text the layouts print, for the check that an English document shows none of
+// them in German.
+constexpr const char *kFesteTexte[] = {
+    "Beschreibung", "Anzahl", "Betrag", "Summe", "Zwischensumme", "Rabatt", "Zuschlag", "Umsatzsteuer ",
+    "Rechnungssumme", "Dieses Angebot bleibt gültig bis ", "Der Rechnungsbetrag ", "Der Honorarnoten-Betrag ",
+    "Der Mahnungsbetrag ", " ist fällig am ", " (Zahlungseingang).", "HTML_TOKEN_SKONTO_SATZ", "Datum",
+    "Angebots-Datum", "Rechnungs-Datum", "Honorarnoten-Datum", "Leistungs-Datum", "Mahnungs-Datum", "Gültig bis",
+    "Fällig am", "PDF_EXPORT_SEITENNUMMER", "Ums.St.-ID", "Steuernr", "Bankverbindung", "Institut",
+};
+
+// The text of every page, each run of white space one blank.
+QString fliesstext(const PdfPruefung &pdf)
 {
-    FKRRechnung &r = rechnung();
-    r.setSprache(2);
-    r.setSkonto(d("0.02"));
-    r.setSkontoZeitraum(10);
-    posten(r, 1, "1", "1234.5", u"Design"_s);
-    const PdfPruefung pdf = rendere(r);
-    const QString text = pdf.text(1);
-    EXPECT_TRUE(text.contains(u"Invoice date"_s)) << text.toStdString();
-    EXPECT_TRUE(text.contains(u"Nov 16, 2026"_s));
-    EXPECT_TRUE(text.contains(u"Oct 2026"_s)) << "service month";
-    // The user is German: amounts keep the German separators in an English document.
-    zeile(pdf, 1, u"Total"_s, u"€ 1.234,50"_s);
-    // The cash discount runs to the end of the tenth day after the document date.
-    EXPECT_TRUE(text.contains(u"If paid by Nov 26, 2026, a cash discount of 2,00% (€ 24,69)"_s));
-    EXPECT_TRUE(text.contains(u"is then € 1.209,81."_s));
+    QStringList seiten;
+    for (int seite = 1; seite <= pdf.seitenAnzahl(); ++seite)
+        seiten << pdf.text(seite);
+    return seiten.join(u' ').replace(QChar(QChar::Nbsp), u' ').simplified();
+}
+
+TEST_F(LayoutTest, WordsAndNumbersFollowTheDocumentsLanguage)
+{
+    // Item 1.5 × 1,000.00 and 29 free ones (for a second page), discount 10 %, surcharge 5 %,
+    // VAT 19 %, gross, 2 % cash discount within 10 days; from a sender with every detail.
+    const struct
+    {
+        const char *fall;
+        std::optional<int> sprache;
+        const char *benutzer; // the user's locale
+        int art, layout;
+        QStringList texte;
+    } faelle[] = {
+        {"English invoice, header bar", 2, "de_DE", 3, 2,
+         {u"Invoice date Nov 16, 2026"_s, u"Date of service Oct 2026"_s, u"Due on Nov 30, 2026"_s,
+          u"Description Qty Unit price Amount"_s, u"1.50 €1,000.00 €1,500.00"_s, u"Subtotal"_s, u"Discount 10.00%"_s,
+          u"€150.00"_s, u"Surcharge 5.00%"_s, u"€75.00"_s, u"€1,425.00"_s, u"VAT 19.00%"_s, u"€270.75"_s,
+          u"Total"_s, u"The invoice amount (€1,695.75) is due on Nov 30, 2026 (payment to be received by this date)."_s,
+          u"If paid by Nov 26, 2026, a cash discount of 2.00% (€33.92) may be deducted; the amount payable is then "
+          "€1,661.83."_s,
+          u"Page 1"_s, u"Page 2"_s, u"VAT ID: DE123456789"_s, u"Tax number: 22/333/44444"_s, u"Bank details"_s,
+          u"Bank: Hafenbank"_s, u"IBAN: DE02120300000000202051"_s, u"BIC: BYLADEM1001"_s}},
+        {"English quote, sidebar", 2, "de_DE", 2, 1,
+         {u"Quote date Nov 16, 2026"_s, u"Valid until Nov 30, 2026"_s, u"This quote is valid until Nov 30, 2026."_s,
+          u"Page 1"_s, u"Bank details"_s, u"VAT ID: DE123456789"_s}},
+        {"English fee note, footer bar", 2, "de_DE", 4, 3,
+         {u"Fee note date Nov 16, 2026"_s, u"The fee amount (€1,695.75) is due on"_s, u"Page 2"_s}},
+        {"English dunning letter, sidebar", 2, "de_DE", 5, 1,
+         {u"Reminder date Nov 16, 2026"_s, u"The outstanding amount (€1,695.75)"_s}},
+        {"English cover letter, footer bar", 2, "de_DE", 1, 3, {u"Date Nov 16, 2026"_s, u"Total €1,695.75"_s}},
+        // A German document keeps its German numbers whatever the user's locale.
+        {"German invoice of an English user", 1, "en_US", 3, 2,
+         {u"Rechnungsdatum 16.11.2026"_s, u"1,50 € 1.000,00 € 1.500,00"_s, u"Rabatt 10,00%"_s, u"Zuschlag 5,00%"_s,
+          u"Umsatzsteuer 19,00%"_s, u"€ 1.695,75"_s, u"(€ 33,92)"_s, u"2,00%"_s, u"Seite 2"_s}},
+        // Without a language, numbers are the user's, the currency in front as in German.
+        {"invoice without a language", std::nullopt, "en_US", 3, 2,
+         {u"1.50 € 1,000.00 € 1,500.00"_s, u"10.00%"_s, u"€ 1,695.75"_s}},
+    };
+    const QLocale benutzerVorher;
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.fall);
+        QLocale::setDefault(QLocale(QString::fromLatin1(fall.benutzer)));
+        FKRRechnung &r = rechnung(fall.art);
+        r.setLayout(Decimal(fall.layout));
+        r.setSprache(fall.sprache);
+        r.setAbsender(&absender());
+        r.setRabatt(d("0.1"));
+        r.setZuschlag(d("0.05"));
+        r.setMwStSatz(d("0.19"));
+        r.setBrutto(true);
+        r.setSkonto(d("0.02"));
+        r.setSkontoZeitraum(10);
+        posten(r, 1, "1.5", "1000", u"Design"_s);
+        for (int i = 2; i <= 30; ++i)
+            posten(r, i, "1", "0", u"Posten-%1"_s.arg(i));
+        const PdfPruefung pdf = rendere(r);
+        const QString text = fliesstext(pdf);
+        for (const QString &erwartet : fall.texte)
+            EXPECT_TRUE(text.contains(erwartet)) << erwartet.toStdString() << "\n" << text.toStdString();
+        if (fall.sprache != 2)
+            continue;
+        for (const char *schluessel : kFesteTexte) {
+            const QString deutsch = FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(schluessel), 1);
+            if (deutsch == FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(schluessel), 2))
+                continue; // the same word in both languages ("IBAN")
+            for (const QString &teil : deutsch.split(QRegularExpression(u"%\\d"_s)))
+                if (teil.simplified().size() > 3)
+                    EXPECT_FALSE(text.contains(teil.simplified())) << teil.toStdString();
+        }
+    }
+    QLocale::setDefault(benutzerVorher);
 }
 
 TEST_F(LayoutTest, BlocksStandWhereTheLetterPutsThem)
@@ -282,10 +394,67 @@ TEST_F(LayoutTest, SenderLineAndLetterhead)
     // Neither company nor name: the line starts with the separator before the street.
     EXPECT_TRUE(rendere(r).text(1).contains(u"- Hauptstr. 1 - Berlin"_s));
 
+    // Postcode and town stay together wherever the line would end: the house number's length
+    // moves the end of the first line across them, and at least one length must put them at the
+    // start of the second line. The sender line is drawn from 5 cm in the 8 cm to the recipient.
+    absender->setFirma(u"Atelierwerk"_s);
+    absender->setPlz(u"BS1 4DJ"_s);
+    absender->setOrt(u"Frankfurt am Main"_s);
+    bool umbrochen = false;
+    for (int laenge = 1; laenge <= 40; laenge += 3) {
+        absender->setStrasse(u"Hafenweg "_s + QString(laenge, u'9'));
+        const PdfPruefung pdf = rendere(r);
+        QList<PdfPruefung::Wort> ortsZeile;
+        for (const PdfPruefung::Wort &wort : pdf.woerter(1))
+            if (wort.box.top() > 5 * kcm - 1 && wort.box.top() < 6 * kcm - 1 && wort.box.right() < 10.6 * kcm
+                && QStringList({u"BS1"_s, u"4DJ"_s, u"Frankfurt"_s, u"am"_s, u"Main"_s}).contains(wort.text))
+                ortsZeile.append(wort);
+        ASSERT_EQ(ortsZeile.size(), 5) << laenge;
+        for (const PdfPruefung::Wort &wort : ortsZeile)
+            EXPECT_EQ(wort.box.top(), ortsZeile.first().box.top()) << laenge << " " << wort.text.toStdString();
+        umbrochen = umbrochen || std::abs(ortsZeile.first().box.left() - 2.5 * kcm) < 0.5;
+    }
+    EXPECT_TRUE(umbrochen);
+
     // A letterhead that is not printed still replaces the sender line.
     absender->setGeschaeftspapierImagePath(u"file:///nonexistent/letterhead.png"_s);
     absender->setGeschaeftspapierDrucken(false);
     EXPECT_FALSE(rendere(r).text(1).contains(u"Hauptstr."_s));
+}
+
+TEST_F(LayoutTest, ReadersListTheFileUnderItsNumberAndSender)
+{
+    const struct
+    {
+        std::optional<QString> nummer, firma, name;
+        bool mitAbsender;
+        QString titel, autor;
+    } faelle[] = {
+        {u"Rechnung: 2026-042"_s, u"Atelierwerk"_s, u"Mira Sommer"_s, true, u"Rechnung: 2026-042"_s,
+         u"Atelierwerk - Mira Sommer"_s},
+        {u" Invoice Ü-7 "_s, std::nullopt, u"Mira Sommer"_s, true, u"Invoice Ü-7"_s, u"Mira Sommer"_s},
+        {u"Angebot"_s, u"Ätelierwerk"_s, u"  "_s, true, u"Angebot"_s, u"Ätelierwerk"_s},
+        // Without a number or a sender's name the program's title and its publisher stand in.
+        {std::nullopt, std::nullopt, std::nullopt, true, QString::fromUtf8(FKRPDFHerausgeber::kTitel),
+         QString::fromUtf8(FKRPDFHerausgeber::kWebAdresse)},
+        {u" "_s, std::nullopt, std::nullopt, false, QString::fromUtf8(FKRPDFHerausgeber::kTitel),
+         QString::fromUtf8(FKRPDFHerausgeber::kWebAdresse)},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.titel.toStdString());
+        FKRRechnung &r = rechnung();
+        r.setRechnungsNummer(fall.nummer);
+        if (fall.mitAbsender) {
+            FKRAbsender *absender = m_context.insertNewObject<FKRAbsender>();
+            absender->setFirma(fall.firma);
+            absender->setName(fall.name);
+            r.setAbsender(absender);
+        }
+        const QMap<QString, QString> info = rendere(r).info();
+        EXPECT_EQ(info.value(u"Title"_s), fall.titel);
+        EXPECT_EQ(info.value(u"Author"_s), fall.autor);
+        EXPECT_EQ(info.value(u"Creator"_s), QString::fromUtf8(FKRPDFHerausgeber::kFirma));
+    }
 }
 
 TEST_F(LayoutTest, MissingDatesAndLanguagePrintNothingMisleading)

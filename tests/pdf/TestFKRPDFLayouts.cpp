@@ -19,6 +19,7 @@
 #include "ManagedObjectContext.h"
 #include "PdfPruefung.h"
 #include "QBBenutzerEinstellungen.h"
+#include "WriterTestSupport.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -51,19 +52,8 @@ QDateTime datum(int jahr, int monat, int tag)
     return QDateTime(QDate(jahr, monat, tag), QTime(10, 0), QTimeZone::systemTimeZone());
 }
 
-// A plain-colour PNG at 72 dpi, so one pixel is one point on paper.
-QByteArray png(QSize pixel, QColor farbe)
-{
-    QImage bild(pixel, QImage::Format_RGB32);
-    bild.fill(farbe);
-    bild.setDotsPerMeterX(2835);
-    bild.setDotsPerMeterY(2835);
-    QByteArray daten;
-    QBuffer puffer(&daten);
-    puffer.open(QIODevice::WriteOnly);
-    bild.save(&puffer, "PNG");
-    return daten;
-}
+// Plain-colour PNGs at 72 dpi, so one pixel is one point on paper.
+using writertest::png;
 
 // Bounding box in points of the pixels close to `farbe`.
 QRectF flaeche(const QImage &bild, QColor farbe)
@@ -108,6 +98,7 @@ class PDFLayouts : public ::testing::Test
 {
 protected:
     void SetUp() override { QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(false); }
+    void TearDown() override { QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(false); }
 
     // An invoice in German to a customer, dated 14 March 2026, for February, due 28 March.
     FKRRechnung *dokument(int art, std::optional<int> layout)
@@ -493,13 +484,6 @@ TEST_F(PDFLayouts, FooterBarSetsTheSenderUnderARuleAndTheLogoTopRight)
     EXPECT_NEAR(logo.top(), 1.5 * kcm, 1.0);
     EXPECT_NEAR(logo.height(), 16 * kcm / 10, 1.0);
 
-    // A tall logo is limited to 4.5 cm.
-    a->setLogoImageBinary(png({100, 400}, Qt::red));
-    const QRectF hoch = flaeche(rendere(r, u"fuss-logo-hoch.pdf"_s).bild(1, kDpi), Qt::red);
-    EXPECT_NEAR(hoch.right(), 18.5 * kcm, 1.0);
-    EXPECT_NEAR(hoch.height(), 4.5 * kcm, 1.0);
-    EXPECT_NEAR(hoch.width(), 4.5 * kcm / 4, 1.0);
-
     // A stored layout of 4 is the footer bar, word for word.
     r->setLayout(Decimal(4));
     const PdfPruefung vier = rendere(r, u"fussleiste-4.pdf"_s);
@@ -568,6 +552,91 @@ TEST_F(PDFLayouts, EachLayoutBreaksToANewPageAtItsOwnLowerLimit)
     for (int textZeilen = 1; textZeilen <= 3; ++textZeilen)
         tiefer = pruefe(3, kSeitenHoehe - 3.5 * kcm, textZeilen) > allgemein + kToleranzY || tiefer;
     EXPECT_TRUE(tiefer);
+}
+
+TEST_F(PDFLayouts, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
+{
+    // Logos of every shape, at 72 dpi. The free space: from the left margin to half a centimetre
+    // before the column (sidebar) or to the right margin (footer bar), from 1.5 cm down to half a
+    // centimetre above the sender line and the dates at 5 cm. The header bar prints no logo.
+    const struct
+    {
+        const char *form;
+        QByteArray bild;
+        QSizeF groesse;
+    } logos[] = {
+        {"wide", png({400, 120}, Qt::red), {400, 120}},
+        {"square", png({300, 300}, Qt::red), {300, 300}},
+        {"tall", png({100, 400}, Qt::red), {100, 400}},
+        {"banner", png({1000, 50}, Qt::red), {1000, 50}},
+        {"transparent", writertest::rahmenPng({260, 160}, Qt::red), {260, 160}},
+        {"small", png({60, 30}, Qt::red), {60, 30}},
+    };
+    for (const bool letter : {false, true}) {
+        QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(letter);
+        const double cm = letter ? 792.0 / 27.9 : kcm;
+        const double breite = letter ? 612.0 : kSeitenBreite;
+        const struct
+        {
+            int layout;
+            std::optional<QRectF> raum;
+        } layouts[] = {
+            {1, QRectF(QPointF(2.5 * cm, 1.5 * cm), QPointF(14.5 * cm, 4.5 * cm))},
+            {2, std::nullopt},
+            {3, QRectF(QPointF(2.5 * cm, 1.5 * cm), QPointF(breite - 2.5 * cm, 4.5 * cm))},
+        };
+        for (const auto &[layout, raum] : layouts) {
+            FKRRechnung *r = dokument(3, layout);
+            FKRAbsender *a = vollerAbsender(r);
+            a->setStrasse(u"Hafenweg 12, Hinterhaus, Aufgang C, dritter Stock links"_s);
+            posten(r, 2);
+            const QString name = u"%1-%2"_s.arg(layout).arg(letter ? u"letter"_s : u"a4"_s);
+            const PdfPruefung ohne = rendere(r, name + u"-ohne.pdf"_s);
+            for (const auto &logo : logos) {
+                SCOPED_TRACE(testing::Message() << "layout " << layout << (letter ? ", Letter, " : ", A4, ") << logo.form);
+                a->setLogoImageBinary(logo.bild);
+                const PdfPruefung pdf = rendere(r, name + u"-"_s + QString::fromLatin1(logo.form) + u".pdf"_s);
+
+                // Every word stands where it stands without a logo.
+                const QList<PdfPruefung::Wort> &woerter = pdf.woerter(1);
+                ASSERT_EQ(woerter.size(), ohne.woerter(1).size());
+                for (qsizetype i = 0; i < woerter.size(); ++i) {
+                    EXPECT_EQ(woerter[i].text, ohne.woerter(1)[i].text);
+                    EXPECT_EQ(woerter[i].box, ohne.woerter(1)[i].box) << woerter[i].text.toStdString();
+                }
+                const QList<QRectF> bilder = pdf.bilder(1);
+                if (!raum) {
+                    EXPECT_TRUE(bilder.isEmpty());
+                    continue;
+                }
+                ASSERT_EQ(bilder.size(), 1);
+                const QRectF box = bilder.first();
+                for (const PdfPruefung::Wort &wort : woerter)
+                    EXPECT_FALSE(wort.box.intersects(box)) << wort.text.toStdString();
+
+                // Within the free space, right-aligned, at its top, in its own proportions and
+                // never enlarged; scaled down only as far as the space demands.
+                EXPECT_GE(box.left(), raum->left() - 1);
+                EXPECT_NEAR(box.right(), raum->right(), 1);
+                EXPECT_NEAR(box.top(), raum->top(), 1);
+                EXPECT_LE(box.bottom(), raum->bottom() + 1);
+                const double massstab = box.width() / logo.groesse.width();
+                EXPECT_NEAR(box.height(), logo.groesse.height() * massstab, 1.5);
+                EXPECT_LE(massstab, 1.0 + 1 / logo.groesse.width());
+                if (massstab < 0.99)
+                    EXPECT_TRUE(std::abs(box.left() - raum->left()) < 1 || std::abs(box.bottom() - raum->bottom()) < 1)
+                        << "scaled further than the space demands";
+                // The converter's box is where the page shows the picture.
+                if (logo.bild.contains("tRNS") || QImage::fromData(logo.bild).hasAlphaChannel()) {
+                    const QRectF gerendert = flaeche(pdf.bild(1, kDpi), Qt::red);
+                    EXPECT_NEAR(gerendert.left(), box.left(), 1);
+                    EXPECT_NEAR(gerendert.top(), box.top(), 1);
+                    EXPECT_NEAR(gerendert.right(), box.right(), 1);
+                    EXPECT_NEAR(gerendert.bottom(), box.bottom(), 1);
+                }
+            }
+        }
+    }
 }
 
 } // namespace

@@ -80,6 +80,25 @@ inline QByteArray png(QSize pixel, QColor farbe, int punkteJeMeter = 2835)
     return daten;
 }
 
+// A PNG at 72 dpi (a pixel is a point) that is transparent but for a frame of `farbe` two pixels
+// wide, so that its whole box shows on a rendered page while text under it would not be hidden.
+inline QByteArray rahmenPng(QSize pixel, QColor farbe)
+{
+    QImage bild(pixel, QImage::Format_ARGB32);
+    bild.fill(Qt::transparent);
+    for (int y = 0; y < pixel.height(); ++y)
+        for (int x = 0; x < pixel.width(); ++x)
+            if (x < 2 || y < 2 || x >= pixel.width() - 2 || y >= pixel.height() - 2)
+                bild.setPixelColor(x, y, farbe);
+    bild.setDotsPerMeterX(2835);
+    bild.setDotsPerMeterY(2835);
+    QByteArray daten;
+    QBuffer puffer(&daten);
+    puffer.open(QIODevice::WriteOnly);
+    bild.save(&puffer, "PNG");
+    return daten;
+}
+
 // Size in points of an image of `pixel` at `punkteJeMeter`, as paper measures it.
 inline double punkte(int pixel, int punkteJeMeter = 2835)
 {
