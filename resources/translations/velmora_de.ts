@@ -1027,6 +1027,14 @@
         <translation>Daten zwischen meinen Rechnern abgleichen</translation>
     </message>
     <message>
+        <source>EINSTELLUNGEN_MAHNUNG_ZAHLUNGSFRIST</source>
+        <translation>Zahlungsfrist einer Mahnung:</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_TAGE_EINHEIT</source>
+        <translation> Tage</translation>
+    </message>
+    <message>
         <source>EINSTELLUNGEN_GRUPPE_DOKUMENTE</source>
         <translation>Dokumente</translation>
     </message>

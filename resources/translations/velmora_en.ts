@@ -1021,6 +1021,14 @@
         <translation>Sync data between my computers</translation>
     </message>
     <message>
+        <source>EINSTELLUNGEN_MAHNUNG_ZAHLUNGSFRIST</source>
+        <translation>Payment period of a reminder:</translation>
+    </message>
+    <message>
+        <source>EINSTELLUNGEN_TAGE_EINHEIT</source>
+        <translation> days</translation>
+    </message>
+    <message>
         <source>EINSTELLUNGEN_GRUPPE_DOKUMENTE</source>
         <translation>Documents</translation>
     </message>

@@ -5,6 +5,8 @@
 #include <QThread>
 #include <QVariant>
 
+#include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <type_traits>
 
@@ -34,6 +36,7 @@ constexpr char anzahlAppStarts[] = "anzahlAppStarts";
 constexpr char appVersion[] = "appVersion";
 constexpr char dokumentenNummerSequence[] = "dokumentenNummerSequence";
 constexpr char daysToDisplayInNotificationCenter[] = "daysToDisplayInNotificationCenter";
+constexpr char mahnungZahlungsfristTage[] = "mahnungZahlungsfristTage";
 } // namespace Key
 
 // First-start values that are not false or zero.
@@ -66,6 +69,17 @@ Decimal leseZahl(const QSettings &store, const char *key, const Decimal &standar
         return standard;
     const std::optional<Decimal> number = Decimal::parse(value.toString().trimmed().toStdString());
     return number.value_or(standard);
+}
+
+// A count of days: the whole part of the stored number, held within the bounds; missing or
+// unreadable entries give the default.
+int leseTage(const QSettings &store, const char *key, int standard)
+{
+    const Decimal zahl = leseZahl(store, key, Decimal(standard));
+    if (zahl.isNaN())
+        return standard;
+    return static_cast<int>(std::clamp<std::int64_t>(zahl.toInt64(), QBBenutzerEinstellungen::kMinZahlungsfristTage,
+                                                     QBBenutzerEinstellungen::kMaxZahlungsfristTage));
 }
 
 QString leseText(const QSettings &store, const char *key, const QString &standard)
@@ -167,6 +181,7 @@ void QBBenutzerEinstellungen::erstelleBenutzerEinstellungen()
     store.setValue(Key::appVersion, QString::fromLatin1(kStandardAppVersion));
     schreibeZahl(store, Key::dokumentenNummerSequence, 0);
     schreibeZahl(store, Key::daysToDisplayInNotificationCenter, kStandardTageInMitteilungen);
+    schreibeZahl(store, Key::mahnungZahlungsfristTage, kStandardZahlungsfristTage);
     store.sync();
 }
 
@@ -200,6 +215,7 @@ void QBBenutzerEinstellungen::ladeBenutzerEinstellungen()
     setStartHelperAtLogin(leseWahrheitswert(store, Key::startHelperAtLogin));
     setDaysToDisplayInNotificationCenter(
         leseZahl(store, Key::daysToDisplayInNotificationCenter, kStandardTageInMitteilungen));
+    setMahnungZahlungsfristTage(leseTage(store, Key::mahnungZahlungsfristTage, kStandardZahlungsfristTage));
 }
 
 void QBBenutzerEinstellungen::sichereBenutzerEinstellungen()
@@ -227,6 +243,7 @@ void QBBenutzerEinstellungen::sichereBenutzerEinstellungen()
     store.setValue(Key::rechnungsNummernMigriert, m_rechnungsNummernMigriert);
     schreibeZahl(store, Key::daysToDisplayInNotificationCenter, m_daysToDisplayInNotificationCenter);
     schreibeZahl(store, Key::dokumentenNummerSequence, m_dokumentenNummerSequence);
+    schreibeZahl(store, Key::mahnungZahlungsfristTage, m_mahnungZahlungsfristTage);
     store.sync();
 }
 
@@ -376,4 +393,10 @@ void QBBenutzerEinstellungen::setDaysToDisplayInNotificationCenter(const Decimal
 {
     if (uebernimm(m_daysToDisplayInNotificationCenter, value))
         Q_EMIT daysToDisplayInNotificationCenterChanged(value);
+}
+
+void QBBenutzerEinstellungen::setMahnungZahlungsfristTage(int value)
+{
+    if (uebernimm(m_mahnungZahlungsfristTage, std::clamp(value, kMinZahlungsfristTage, kMaxZahlungsfristTage)))
+        Q_EMIT mahnungZahlungsfristTageChanged(m_mahnungZahlungsfristTage);
 }

@@ -19,7 +19,7 @@ class QSettings;
 // sichereBenutzerEinstellungen(). The exceptions are setSeperatorSemikolon() and
 // neueDokumentenNummer(), which save at once.
 //
-// Numbers are Decimals and are written as their plain decimal text ("43", "0.5"), never through
+// Numbers are Decimals (the dunning letter's days of grace a whole number) and are written as their plain decimal text ("43", "0.5"), never through
 // double, so a value read back is exactly the value written. Reading also accepts whatever
 // numeric text another writer left behind ("43.0", "4.3e1"); an entry that is missing or does
 // not read as a number gives the property's default. Booleans that are missing or unreadable
@@ -73,11 +73,19 @@ class QBBenutzerEinstellungen : public QObject
                WRITE setDokumentenNummerSequence NOTIFY dokumentenNummerSequenceChanged)
     Q_PROPERTY(Decimal daysToDisplayInNotificationCenter READ daysToDisplayInNotificationCenter
                WRITE setDaysToDisplayInNotificationCenter NOTIFY daysToDisplayInNotificationCenterChanged)
+    // Days of grace a dunning letter gives, counted from the day it is written: a whole number
+    // within kMinZahlungsfristTage..kMaxZahlungsfristTage, kStandardZahlungsfristTage at first.
+    Q_PROPERTY(int mahnungZahlungsfristTage READ mahnungZahlungsfristTage
+               WRITE setMahnungZahlungsfristTage NOTIFY mahnungZahlungsfristTageChanged)
     // The negated view of seperatorComma; not a key of its own.
     Q_PROPERTY(bool seperatorSemikolon READ seperatorSemikolon
                WRITE setSeperatorSemikolon NOTIFY seperatorSemikolonChanged STORED false)
 
 public:
+    static constexpr int kMinZahlungsfristTage = 0;
+    static constexpr int kMaxZahlungsfristTage = 365;
+    static constexpr int kStandardZahlungsfristTage = 14;
+
     // The settings of this process, in the file named by the application's organisation and
     // application names, which must be set before the first call. Created and loaded on first
     // call; concurrent first calls from several threads get the same object. Never deleted.
@@ -127,6 +135,7 @@ public:
     QString appVersion() const { return m_appVersion; }
     Decimal dokumentenNummerSequence() const { return m_dokumentenNummerSequence; }
     Decimal daysToDisplayInNotificationCenter() const { return m_daysToDisplayInNotificationCenter; }
+    int mahnungZahlungsfristTage() const { return m_mahnungZahlungsfristTage; }
     bool seperatorSemikolon() const { return !m_seperatorComma; }
 
 public Q_SLOTS:
@@ -152,6 +161,8 @@ public Q_SLOTS:
     void setAppVersion(const QString &value);
     void setDokumentenNummerSequence(const Decimal &value);
     void setDaysToDisplayInNotificationCenter(const Decimal &value);
+    // A value outside the bounds is taken as the nearest bound.
+    void setMahnungZahlungsfristTage(int value);
     // Stores the negation in seperatorComma and saves at once.
     void setSeperatorSemikolon(bool value);
 
@@ -178,6 +189,7 @@ Q_SIGNALS:
     void appVersionChanged(const QString &value);
     void dokumentenNummerSequenceChanged(const Decimal &value);
     void daysToDisplayInNotificationCenterChanged(const Decimal &value);
+    void mahnungZahlungsfristTageChanged(int value);
     // Emitted together with seperatorCommaChanged.
     void seperatorSemikolonChanged(bool value);
 
@@ -209,4 +221,5 @@ private:
     QString m_appVersion = QStringLiteral("1.3");
     Decimal m_dokumentenNummerSequence;
     Decimal m_daysToDisplayInNotificationCenter = 5;
+    int m_mahnungZahlungsfristTage = kStandardZahlungsfristTage;
 };

@@ -15,6 +15,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShowEvent>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace {
@@ -64,11 +65,23 @@ void QBMEinstellungenViewController::baueOberflaeche()
         verwendeIcloudSyncSelected();
     });
 
+    m_zahlungsfrist = new QSpinBox;
+    m_zahlungsfrist->setRange(QBBenutzerEinstellungen::kMinZahlungsfristTage, QBBenutzerEinstellungen::kMaxZahlungsfristTage);
+    m_zahlungsfrist->setSuffix(text("EINSTELLUNGEN_TAGE_EINHEIT"));
+    connect(m_zahlungsfrist, &QSpinBox::valueChanged, this, &QBMEinstellungenViewController::mahnungZahlungsfristSelected);
+    auto *frist = new QHBoxLayout;
+    auto *fristLabel = new QLabel(text("EINSTELLUNGEN_MAHNUNG_ZAHLUNGSFRIST"));
+    fristLabel->setBuddy(m_zahlungsfrist);
+    frist->addWidget(fristLabel);
+    frist->addWidget(m_zahlungsfrist);
+    frist->addStretch(1);
+
     auto *dokumente = new QGroupBox(text("EINSTELLUNGEN_GRUPPE_DOKUMENTE"));
     auto *dokumenteLayout = new QVBoxLayout(dokumente);
     dokumenteLayout->addWidget(m_a4);
     dokumenteLayout->addWidget(m_mitteilungen);
     dokumenteLayout->addWidget(m_sync);
+    dokumenteLayout->addLayout(frist);
 
     auto *farbe = new QGroupBox(text("EINSTELLUNGEN_GRUPPE_FARBE"));
     auto *farbeLayout = new QVBoxLayout(farbe);
@@ -149,6 +162,10 @@ void QBMEinstellungenViewController::zeigeEinstellungen()
     m_a4->setChecked(!m_einstellungen.pdfDocumentSizeIsLetter());
     m_mitteilungen->setChecked(m_einstellungen.deaktiviereFaelligeRechnungsMitteilungen());
     m_sync->setChecked(m_einstellungen.verwendeiCloudSync());
+    {
+        const QSignalBlocker still(m_zahlungsfrist);
+        m_zahlungsfrist->setValue(m_einstellungen.mahnungZahlungsfristTage());
+    }
     const Decimal code = m_einstellungen.backgroundColorRechnungen();
     for (int i = 0; i < m_swatches.size(); ++i)
         m_swatches.at(i)->setChecked(code == Decimal(farbCodes().at(i)));
@@ -180,6 +197,12 @@ void QBMEinstellungenViewController::verwendeIcloudSyncSelected()
     if (!m_einstellungen.verwendeiCloudSync())
         m_delegate.syncKoordinator().trenneSyncMitAbschluss([] {});
     m_delegate.synchronisiere();
+    m_einstellungen.sichereBenutzerEinstellungen();
+}
+
+void QBMEinstellungenViewController::mahnungZahlungsfristSelected(int tage)
+{
+    m_einstellungen.setMahnungZahlungsfristTage(tage);
     m_einstellungen.sichereBenutzerEinstellungen();
 }
 

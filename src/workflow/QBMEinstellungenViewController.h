@@ -9,10 +9,11 @@ class QCheckBox;
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QSpinBox;
 
-// The settings screen: page size, due notifications, sync, the accent colour from eight
-// swatches, the database import, and the program's version. Every change goes to the settings
-// at once and is saved, so closing the screen needs no save.
+// The settings screen: page size, due notifications, sync, a dunning letter's days of grace,
+// the accent colour from eight swatches, the database import, and the program's version. Every
+// change goes to the settings at once and is saved, so closing the screen needs no save.
 class QBMEinstellungenViewController : public QWidget
 {
     Q_OBJECT
@@ -31,11 +32,13 @@ public:
     void dokumenteInA4Selected();
     void deaktiviereFaelligeRechnungsMitteilungenSelected();
     void verwendeIcloudSyncSelected();
+    void mahnungZahlungsfristSelected(int tage);
     void datenbankImportButtonSelected();
 
     QCheckBox *dokumenteInA4Checkbox() const { return m_a4; }
     QCheckBox *mitteilungenCheckbox() const { return m_mitteilungen; }
     QCheckBox *syncCheckbox() const { return m_sync; }
+    QSpinBox *mahnungZahlungsfristSpinBox() const { return m_zahlungsfrist; }
     QPushButton *swatch(int nummer) const; // 1..8
     QPushButton *importButton() const { return m_importButton; }
     QLabel *versionStringTextField() const { return m_version; }
@@ -56,6 +59,7 @@ private:
     QCheckBox *m_a4 = nullptr;
     QCheckBox *m_mitteilungen = nullptr;
     QCheckBox *m_sync = nullptr;
+    QSpinBox *m_zahlungsfrist = nullptr;
     QList<QPushButton *> m_swatches;
     QPushButton *m_importButton = nullptr;
     QLabel *m_version = nullptr;

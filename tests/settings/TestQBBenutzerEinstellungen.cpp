@@ -9,6 +9,7 @@
 #include <latch>
 #include <map>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -77,6 +78,7 @@ TEST_F(QBBenutzerEinstellungenTest, FirstStartWritesEveryDefaultUnderItsExactKey
         {"startHelperAtLogin", "false"},          {"rechnungsNummernMigriert", "false"},
         {"anzahlAppStarts", "0"},                 {"appVersion", "1.3"},
         {"dokumentenNummerSequence", "0"},        {"daysToDisplayInNotificationCenter", "5"},
+        {"mahnungZahlungsfristTage", "14"},
     };
     EXPECT_EQ(aufPlatte(), expected);
 
@@ -87,6 +89,7 @@ TEST_F(QBBenutzerEinstellungenTest, FirstStartWritesEveryDefaultUnderItsExactKey
     EXPECT_EQ(text(settings->backgroundColorRechnungen()), "43");
     EXPECT_EQ(text(settings->daysToDisplayInNotificationCenter()), "5");
     EXPECT_EQ(settings->appVersion(), "1.3");
+    EXPECT_EQ(settings->mahnungZahlungsfristTage(), 14);
 }
 
 TEST_F(QBBenutzerEinstellungenTest, StoreWithStartCounterIsLoadedWithFallbacksAndLeftUntouched)
@@ -103,7 +106,30 @@ TEST_F(QBBenutzerEinstellungenTest, StoreWithStartCounterIsLoadedWithFallbacksAn
     // Missing booleans read as false, even those whose first-start value is true.
     EXPECT_FALSE(settings->zeigeErklaerungstexte());
     EXPECT_EQ(text(settings->backgroundColorRechnungen()), "43");
+    EXPECT_EQ(settings->mahnungZahlungsfristTage(), 14); // a file from before the setting existed
     EXPECT_EQ(dateiInhalt(), before);
+}
+
+TEST_F(QBBenutzerEinstellungenTest, DunningDaysAreAWholeNumberWithinTheirBounds)
+{
+    const struct {
+        const char *gespeichert;
+        int geladen;
+    } faelle[] = {{"30", 30}, {"21.9", 21}, {"0", 0}, {"365", 365}, {"366", 365}, {"-3", 0}, {"1e3", 365},
+                  {"zwei", 14}, {"NaN", 14}};
+    for (const auto &fall : faelle) {
+        schreibeDatei(QByteArray("anzahlAppStarts=1\nmahnungZahlungsfristTage=") + fall.gespeichert + '\n');
+        EXPECT_EQ(QBBenutzerEinstellungen::withSettingsFile(path())->mahnungZahlungsfristTage(), fall.geladen)
+            << fall.gespeichert;
+    }
+    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
+    const std::pair<int, int> gesetztGehalten[] = {{400, 365}, {-1, 0}, {7, 7}};
+    for (const auto &[gesetzt, gehalten] : gesetztGehalten) {
+        settings->setMahnungZahlungsfristTage(gesetzt);
+        EXPECT_EQ(settings->mahnungZahlungsfristTage(), gehalten) << gesetzt;
+    }
+    settings->sichereBenutzerEinstellungen();
+    EXPECT_EQ(aufPlatte("mahnungZahlungsfristTage"), "7");
 }
 
 TEST_F(QBBenutzerEinstellungenTest, OtherWritersShapesAreReadAndUnreadableEntriesFallBack)
@@ -226,12 +252,14 @@ TEST_F(QBBenutzerEinstellungenTest, SaveRoundTripsEveryStoredPropertyExactly)
             value = !property.read(written.get()).toBool();
         else if (property.metaType() == QMetaType::fromType<Decimal>())
             value = QVariant::fromValue(base + Decimal(i));
+        else if (property.metaType() == QMetaType::fromType<int>())
+            value = 300 + i;
         else
             value = QStringLiteral("3.13 (Build 7; \"beta\")");
         ASSERT_TRUE(property.write(written.get(), value)) << property.name();
         values[QString::fromLatin1(property.name())] = value;
     }
-    EXPECT_EQ(stored, 22);
+    EXPECT_EQ(stored, 23);
     written->sichereBenutzerEinstellungen();
 
     const auto read = QBBenutzerEinstellungen::withSettingsFile(path());

@@ -1,5 +1,6 @@
-// The settings screen writes through to the settings file at once, drives the sync seam in
-// the right order, and starts the database import.
+// The settings screen writes through to the settings file at once (check boxes, swatches, the
+// days of grace of a dunning letter), drives the sync seam in the right order, and starts the
+// database import.
 
 #include "WorkflowTestSupport.h"
 #include "../model/StoreTestSupport.h"
@@ -12,6 +13,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTemporaryDir>
 
 using namespace workflowtest;
@@ -30,6 +32,7 @@ protected:
         einstellungen->setBackgroundColorRechnungen(43);
         einstellungen->setPdfDocumentSizeIsLetter(false);
         einstellungen->setVerwendeiCloudSync(false);
+        einstellungen->setMahnungZahlungsfristTage(14);
         einstellungen->sichereBenutzerEinstellungen();
         screen.show();
     }
@@ -75,6 +78,17 @@ TEST_F(EinstellungenTest, KontrollkaestchenSchreibenDieEinstellungen)
     QTest::mouseClick(screen.mitteilungenCheckbox(), Qt::LeftButton);
     EXPECT_TRUE(gespeichert()->deaktiviereFaelligeRechnungsMitteilungen());
     EXPECT_TRUE(sync->aufrufe.isEmpty());
+
+    // A dunning letter's days of grace: every step is saved, within 0 to 365 days.
+    QSpinBox *frist = screen.mahnungZahlungsfristSpinBox();
+    EXPECT_EQ(frist->value(), 14);
+    EXPECT_EQ(frist->suffix(), u" Tage"_s);
+    QTest::keyClick(frist, Qt::Key_Up);
+    EXPECT_EQ(gespeichert()->mahnungZahlungsfristTage(), 15);
+    QTest::keyClick(frist, Qt::Key_PageUp); // ten steps
+    EXPECT_EQ(gespeichert()->mahnungZahlungsfristTage(), 25);
+    EXPECT_EQ(frist->minimum(), 0);
+    EXPECT_EQ(frist->maximum(), 365);
 }
 
 TEST_F(EinstellungenTest, SyncAusTrenntVorDemSyncSchritt)
