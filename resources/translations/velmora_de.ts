@@ -130,6 +130,31 @@
         <extracomment>%1 last day of the discount period, %2 discount rate as a number without the percent sign, %3 discount amount, %4 amount payable after the discount.</extracomment>
         <translation>Bei Zahlung bis zum %1 können %2% Skonto (%3) abgezogen werden; der Zahlbetrag beträgt dann %4.</translation>
     </message>
+    <!-- Dunning letter texts (MAHNUNG_NUMMER_VOM: %1 the number, %2 the document date; MAHNUNG_TEXT_…: %1 that reference, %2 the due date) -->
+    <message>
+        <source>MAHNUNG_ANREDE</source>
+        <translation>Sehr geehrte Damen und Herren,</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_NUMMER_VOM</source>
+        <translation>%1 vom %2</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_TEXT_RECHNUNG</source>
+        <translation>sicher ist es Ihrer Aufmerksamkeit entgangen: Unsere Rechnung Nr. %1 war am %2 zur Zahlung fällig, ein Zahlungseingang ist bei uns jedoch noch nicht verbucht. Wir bitten Sie, den unten aufgeführten Betrag bis zum genannten Datum zu überweisen.</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_TEXT_HONORARNOTE</source>
+        <translation>sicher ist es Ihrer Aufmerksamkeit entgangen: Unsere Honorarnote Nr. %1 war am %2 zur Zahlung fällig, ein Zahlungseingang ist bei uns jedoch noch nicht verbucht. Wir bitten Sie, den unten aufgeführten Betrag bis zum genannten Datum zu überweisen.</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_TEXT_SCHLUSS</source>
+        <translation>Sollten Sie die Zahlung inzwischen veranlasst haben, betrachten Sie dieses Schreiben bitte als gegenstandslos.</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_GRUSSFORMEL</source>
+        <translation>Mit freundlichen Grüßen</translation>
+    </message>
     <!-- Dates block and editor date labels -->
     <message>
         <source>Datum</source>
@@ -304,11 +329,32 @@
     </message>
     <message>
         <source>ANSICHT_TOOLTIP_BEZAHLT</source>
-        <translation>Als bezahlt oder wieder als unbezahlt markieren</translation>
+        <translation>Als bezahlt markieren; der Zahlungseingang wird mit dem heutigen Datum vermerkt</translation>
     </message>
     <message>
         <source>ANSICHT_BEZAHLT_AM</source>
         <translation>Zahlungseingang am</translation>
+    </message>
+    <message>
+        <source>ANSICHT_UNBEZAHLT</source>
+        <translation>Als unbezahlt markieren</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_UNBEZAHLT</source>
+        <translation>Die Markierung als bezahlt zurücknehmen; das Zahlungsdatum wird entfernt</translation>
+    </message>
+    <!-- Document view: confirmation before a document is marked sent -->
+    <message>
+        <source>ALERT_TITLE_VERSENDEN</source>
+        <translation>Als versendet markieren?</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_VERSENDEN</source>
+        <translation>Das PDF wird in seinem jetzigen Stand eingefroren und archiviert. Spätere Änderungen erscheinen nicht mehr darin, und das Dokument wird nicht wieder zum Entwurf.</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_VERSENDEN</source>
+        <translation>Als versendet markieren</translation>
     </message>
     <message>
         <source>ANSICHT_MAHNUNG</source>

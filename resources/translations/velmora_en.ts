@@ -130,6 +130,31 @@
         <extracomment>%1 last day of the discount period, %2 discount rate as a number without the percent sign, %3 discount amount, %4 amount payable after the discount.</extracomment>
         <translation>If paid by %1, a cash discount of %2% (%3) may be deducted; the amount payable is then %4.</translation>
     </message>
+    <!-- Dunning letter texts (MAHNUNG_NUMMER_VOM: %1 the number, %2 the document date; MAHNUNG_TEXT_…: %1 that reference, %2 the due date) -->
+    <message>
+        <source>MAHNUNG_ANREDE</source>
+        <translation>Dear Sir or Madam,</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_NUMMER_VOM</source>
+        <translation>%1 dated %2</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_TEXT_RECHNUNG</source>
+        <translation>Perhaps it has escaped your notice: our invoice no. %1 was due for payment on %2, but we have not yet received your payment. We kindly ask you to transfer the amount listed below by the date given.</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_TEXT_HONORARNOTE</source>
+        <translation>Perhaps it has escaped your notice: our fee note no. %1 was due for payment on %2, but we have not yet received your payment. We kindly ask you to transfer the amount listed below by the date given.</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_TEXT_SCHLUSS</source>
+        <translation>If you have already made the payment in the meantime, please disregard this letter.</translation>
+    </message>
+    <message>
+        <source>MAHNUNG_GRUSSFORMEL</source>
+        <translation>Kind regards</translation>
+    </message>
     <!-- Dates block and editor date labels -->
     <message>
         <source>Datum</source>
@@ -304,11 +329,32 @@
     </message>
     <message>
         <source>ANSICHT_TOOLTIP_BEZAHLT</source>
-        <translation>Mark as paid, or as unpaid again</translation>
+        <translation>Mark as paid; today is recorded as the payment date</translation>
     </message>
     <message>
         <source>ANSICHT_BEZAHLT_AM</source>
         <translation>Payment received on</translation>
+    </message>
+    <message>
+        <source>ANSICHT_UNBEZAHLT</source>
+        <translation>Mark as unpaid</translation>
+    </message>
+    <message>
+        <source>ANSICHT_TOOLTIP_UNBEZAHLT</source>
+        <translation>Take back the paid mark; the payment date is removed</translation>
+    </message>
+    <!-- Document view: confirmation before a document is marked sent -->
+    <message>
+        <source>ALERT_TITLE_VERSENDEN</source>
+        <translation>Mark as sent?</translation>
+    </message>
+    <message>
+        <source>ALERT_TEXT_VERSENDEN</source>
+        <translation>The PDF is frozen as it is now and filed in the archive. Later changes no longer appear in it, and the document does not become a draft again.</translation>
+    </message>
+    <message>
+        <source>BUTTON_TITLE_VERSENDEN</source>
+        <translation>Mark as Sent</translation>
     </message>
     <message>
         <source>ANSICHT_MAHNUNG</source>

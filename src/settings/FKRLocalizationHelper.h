@@ -21,6 +21,8 @@
 //                             %3 the discount amount, %4 the amount payable after the discount;
 //                             lokalisierterText(key, sprache).arg(datum, prozent, skonto, rest).
 //   "STORE_ERROR_…"           %1 the path of the store file, %2 the reason the database gave.
+//   "MAHNUNG_NUMMER_VOM"      %1 the number of the reminded document, %2 its date;
+//   "MAHNUNG_TEXT_…"          %1 that reference (or the number alone), %2 the date it was due.
 // Some keys begin or end with a blank that the caller relies on when joining texts, for example
 // "PDF_EXPORT_SEITENNUMMER" ("Seite ", then the number), "Umsatzsteuer " (then the rate) and
 // " ist fällig am ". "Kopie" carries its own leading blank, because a duplicate's number is the

@@ -35,6 +35,9 @@ FKRAnsichtAktionsLeiste::FKRAnsichtAktionsLeiste(QWidget *parent)
                                          QT_TRANSLATE_NOOP("Velmora", "ANSICHT_TOOLTIP_BEZAHLT"),
                                          symbol(*this, "emblem-default", QStyle::SP_DialogApplyButton), this))
     , m_bezahltDatePicker(new QDateTimeEdit(this))
+    , m_unbezahlt(new FKRAnsichtAktionsBox(QT_TRANSLATE_NOOP("Velmora", "ANSICHT_UNBEZAHLT"),
+                                           QT_TRANSLATE_NOOP("Velmora", "ANSICHT_TOOLTIP_UNBEZAHLT"),
+                                           symbol(*this, "edit-undo", QStyle::SP_ArrowBack), this))
     , m_mahnung(new FKRAnsichtAktionsBox(QT_TRANSLATE_NOOP("Velmora", "ANSICHT_MAHNUNG"),
                                          QT_TRANSLATE_NOOP("Velmora", "ANSICHT_TOOLTIP_MAHNUNG"),
                                          symbol(*this, "dialog-warning", QStyle::SP_MessageBoxWarning), this))
@@ -53,6 +56,7 @@ FKRAnsichtAktionsLeiste::FKRAnsichtAktionsLeiste(QWidget *parent)
     layout->addWidget(m_versendet);
     layout->addWidget(m_bezahlt);
     layout->addWidget(m_bezahltDatePicker, 0, Qt::AlignVCenter);
+    layout->addWidget(m_unbezahlt);
     layout->addStretch();
     layout->addWidget(m_mahnung);
     layout->addWidget(m_duplizieren);
@@ -71,6 +75,7 @@ void FKRAnsichtAktionsLeiste::zeige(const Zustand &zustand)
     setzeSichtbar(m_mahnung, zustand.mahnung);
     setzeSichtbar(m_bezahlt, zustand.bezahlt);
     setzeSichtbar(m_bezahltDatePicker, zustand.bezahltDatum);
+    setzeSichtbar(m_unbezahlt, zustand.bezahltErledigt);
     for (FKRAnsichtAktionsBox *box : {m_versendet, m_duplizieren, m_sichern, m_drucken})
         setzeSichtbar(box, zustand.dokument);
 }

@@ -6,7 +6,7 @@ class FKRAnsichtAktionsBox;
 class QDateTimeEdit;
 
 // The row of actions above the document's PDF: the state steps sent and paid (with the payment
-// date) on the left, the dunning letter, duplicate, save as PDF and print on the right. Which of
+// date and, once paid, the action that takes the payment back) on the left, the dunning letter, duplicate, save as PDF and print on the right. Which of
 // them are offered, and how the state captions are coloured, the document view decides.
 class FKRAnsichtAktionsLeiste : public QWidget
 {
@@ -23,7 +23,7 @@ public:
         bool bezahlt = false;
         bool bezahltDatum = false;
         bool versendetErledigt = false;
-        bool bezahltErledigt = false;
+        bool bezahltErledigt = false; // also offers to take the payment back
     };
 
     explicit FKRAnsichtAktionsLeiste(QWidget *parent = nullptr);
@@ -35,6 +35,7 @@ public:
     FKRAnsichtAktionsBox *rechnungVersendetButtonBox() const { return m_versendet; }
     FKRAnsichtAktionsBox *rechnungBezahltButtonBox() const { return m_bezahlt; }
     QDateTimeEdit *rechnungBezahltDatePicker() const { return m_bezahltDatePicker; }
+    FKRAnsichtAktionsBox *rechnungUnbezahltButtonBox() const { return m_unbezahlt; }
     FKRAnsichtAktionsBox *mahnungButtonBox() const { return m_mahnung; }
     FKRAnsichtAktionsBox *duplizierenButtonBox() const { return m_duplizieren; }
     FKRAnsichtAktionsBox *sichernButtonBox() const { return m_sichern; }
@@ -47,6 +48,7 @@ private:
     FKRAnsichtAktionsBox *m_versendet;
     FKRAnsichtAktionsBox *m_bezahlt;
     QDateTimeEdit *m_bezahltDatePicker;
+    FKRAnsichtAktionsBox *m_unbezahlt;
     FKRAnsichtAktionsBox *m_mahnung;
     FKRAnsichtAktionsBox *m_duplizieren;
     FKRAnsichtAktionsBox *m_sichern;

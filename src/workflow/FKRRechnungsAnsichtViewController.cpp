@@ -11,6 +11,7 @@
 #include "FKRArrayController.h"
 #include "FKRDokumentZuGross.h"
 #include "FKRLocalizationHelper.h"
+#include "FKRMahnung.h"
 #include "FKRMenuViewController.h"
 #include "FKRPDFLayout.h"
 #include "FKRRechnung.h"
@@ -87,6 +88,7 @@ void FKRRechnungsAnsichtViewController::baueOberflaeche()
     using Ansicht = FKRRechnungsAnsichtViewController;
     connect(rechnungVersendetButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::markiereRechnungVersendet);
     connect(rechnungBezahltButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::markiereRechnungBezahlt);
+    connect(rechnungUnbezahltButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::markiereRechnungUnbezahlt);
     connect(mahnungButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::erstelleMahnung);
     connect(duplizierenButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::dupliziereRechnung);
     connect(sichernButtonBox(), &FKRAnsichtAktionsBox::gedrueckt, this, &Ansicht::sichereRechnungAlsPDF);
@@ -146,9 +148,10 @@ void FKRRechnungsAnsichtViewController::aktualisiereAnsicht()
         m_pdfPlatzhalter.clear();
         m_pdfVeraltet = false;
     }
-    // The dunning letter only for due documents, paid only for sent ones.
+    // The dunning letter only for sent, unpaid and due invoices and fee notes, paid only for sent
+    // documents.
     zustand.dokument = true;
-    zustand.mahnung = r->isFaellig();
+    zustand.mahnung = FKRMahnung::istMoeglich(*r);
     zustand.versendetErledigt = zustand.bezahlt = r->versandt() == true;
     zustand.bezahltErledigt = r->bezahlt() == true;
     if (const auto bezahltAm = r->bezahltDatum(); zustand.bezahltErledigt && bezahltAm && bezahltAm->isValid()) {
@@ -252,8 +255,15 @@ void FKRRechnungsAnsichtViewController::markiereRechnungVersendet()
         return;
     // One way: a sent document stays sent and keeps the PDF it was sent with.
     if (r->versandt() != true) {
-        if (r->versandt().has_value())
-            r->setVersandt(true);
+        const int antwort = m_delegate.presenter().zeigeAlert(
+            {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TITLE_VERSENDEN")),
+             QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "ALERT_TEXT_VERSENDEN")),
+             {QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "BUTTON_TITLE_VERSENDEN")),
+              QString::fromLatin1(QT_TRANSLATE_NOOP("Velmora", "BUTTON_TITLE_ABBRECHEN"))},
+             FKRAlert::Stil::Warnung});
+        if (antwort != kErsterKnopf)
+            return;
+        r->setVersandt(true);
         archiviereRechnung(*r);
     }
     m_delegate.saveAction();
@@ -278,13 +288,23 @@ void FKRRechnungsAnsichtViewController::archiviereRechnung(FKRRechnung &rechnung
 void FKRRechnungsAnsichtViewController::markiereRechnungBezahlt()
 {
     FKRRechnung *r = gezeigteRechnung();
-    if (!r)
+    if (!r || r->bezahlt() == true)
         return;
-    if (const auto bezahlt = r->bezahlt())
-        r->setBezahlt(!*bezahlt);
-    // The first payment date stays, also when the document is switched back to unpaid.
-    if (!r->bezahltDatum())
-        r->setBezahltDatum(FKRUhr::jetzt());
+    // Also a document whose paid mark holds no value at all: pressing "paid" means paid.
+    r->setBezahlt(true);
+    r->setBezahltDatum(FKRUhr::jetzt());
+    aktualisiereAnsicht();
+    m_delegate.saveAction();
+}
+
+void FKRRechnungsAnsichtViewController::markiereRechnungUnbezahlt()
+{
+    FKRRechnung *r = gezeigteRechnung();
+    if (!r || r->bezahlt() != true)
+        return;
+    // The payment was not made after all: no payment date remains, and a new mark records its own.
+    r->setBezahlt(false);
+    r->setBezahltDatum(std::nullopt);
     aktualisiereAnsicht();
     m_delegate.saveAction();
 }
@@ -330,15 +350,11 @@ void FKRRechnungsAnsichtViewController::dupliziereRechnung()
 void FKRRechnungsAnsichtViewController::erstelleMahnung()
 {
     FKRRechnung *r = gezeigteRechnung();
-    FKRRechnung *mahnung = r ? kopiereRechnung(*r) : nullptr;
+    FKRRechnung *mahnung = r && FKRMahnung::istMoeglich(*r) ? kopiereRechnung(*r) : nullptr;
     if (!mahnung)
         return;
-    // Type 5, numbered after the source; it keeps no link to it.
-    mahnung->setzeNummerAlsMahnungZu(*r);
-    const QDateTime jetzt = FKRUhr::jetzt();
-    mahnung->setRechnungsDatum(jetzt);
-    mahnung->setLieferDatum(jetzt);
-    mahnung->setFaelligkeitsDatum(jetzt);
+    FKRMahnung::gestalte(*mahnung, *r, FKRUhr::jetzt(),
+                         QBBenutzerEinstellungen::sharedInstance()->mahnungZahlungsfristTage());
     m_delegate.saveAction();
     oeffneKopie(mahnung);
 }

@@ -19,8 +19,9 @@ class QPdfView;
 class QPrinter;
 
 // The right column of the main window: the PDF of the document selected in the list and the
-// actions on it (mark sent, mark paid with the payment date, duplicate, dunning letter, save as
-// PDF, print). A sent document is shown from the PDF bytes frozen when it was sent.
+// actions on it (mark sent, mark paid with the payment date or take the payment back, duplicate,
+// dunning letter, save as PDF, print). A sent document is shown from the PDF bytes frozen when it
+// was sent.
 //
 // Rendering costs real time, so the view renders only when there is something new to show:
 // another document, a save of the store (the editor saves when it closes, never per keystroke),
@@ -38,9 +39,14 @@ public:
     void setRechnung(FKRRechnung *rechnung);
     void aktualisiereAnsicht();
 
-    // The actions on the shown document; without a document they do nothing.
+    // The actions on the shown document; without a document they do nothing, and neither do
+    // they where the view does not offer them (a dunning letter only for what FKRMahnung allows).
+    // Sending freezes and archives the PDF for good, so the user confirms it first.
     void markiereRechnungVersendet();
+    // Marks paid at the current moment; the payment date can be corrected in its picker.
     void markiereRechnungBezahlt();
+    // Takes a paid mark back: unpaid again, without a payment date.
+    void markiereRechnungUnbezahlt();
     void rechnungBezahltDatePickerChanged();
     void dupliziereRechnung();
     void erstelleMahnung();
@@ -76,6 +82,7 @@ public:
     FKRAnsichtAktionsBox *rechnungVersendetButtonBox() const { return m_aktionsLeiste->rechnungVersendetButtonBox(); }
     FKRAnsichtAktionsBox *rechnungBezahltButtonBox() const { return m_aktionsLeiste->rechnungBezahltButtonBox(); }
     QDateTimeEdit *rechnungBezahltDatePicker() const { return m_aktionsLeiste->rechnungBezahltDatePicker(); }
+    FKRAnsichtAktionsBox *rechnungUnbezahltButtonBox() const { return m_aktionsLeiste->rechnungUnbezahltButtonBox(); }
     FKRHilfeBox *hilfeBox() const { return m_hilfeBox; }
 
     // How a print job is confirmed: the system print dialog by default; tests set the printer

@@ -1,6 +1,6 @@
 // The document view through its buttons: the placeholder, which actions each state offers, the
-// one-way send with its archive file and frozen PDF, the paid toggle, the export, rendering only
-// when something changed, and the help panel.
+// confirmed one-way send with its archive file and frozen PDF, paid and taking it back, the
+// export, rendering only when something changed, and the help panel.
 
 #include "WorkflowTestSupport.h"
 
@@ -103,7 +103,7 @@ protected:
     {
         return {ansicht->duplizierenButtonBox(), ansicht->mahnungButtonBox(), ansicht->sichernButtonBox(),
                 ansicht->druckenButtonBox(), ansicht->rechnungVersendetButtonBox(),
-                ansicht->rechnungBezahltButtonBox()};
+                ansicht->rechnungBezahltButtonBox(), ansicht->rechnungUnbezahltButtonBox()};
     }
 };
 
@@ -124,6 +124,7 @@ TEST_F(AnsichtTest, OhneDokumentNurDerPlatzhalterDerBenutzerspracheUndKeineAktio
     // The menu may call every action without a document: nothing happens, nothing is asked.
     ansicht->markiereRechnungVersendet();
     ansicht->markiereRechnungBezahlt();
+    ansicht->markiereRechnungUnbezahlt();
     ansicht->dupliziereRechnung();
     ansicht->erstelleMahnung();
     ansicht->sichereRechnungAlsPDF();
@@ -203,38 +204,77 @@ TEST_F(AnsichtTest, EinDokumentJenseitsDerGrenzenSagtWarumDieAnsichtLeerBleibt)
     EXPECT_TRUE(angezeigterText().contains(u"Rechnung: 19"_s));
 }
 
-TEST_F(AnsichtTest, BezahltIstEinSchalterDerDasErsteDatumBehaelt)
+TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
 {
     auto *r = dokument(u"Rechnung: 18"_s);
     r->setVersandt(true);
     zeige(r);
+    EXPECT_FALSE(sichtbar(ansicht->rechnungUnbezahltButtonBox()));
     klicke(ansicht->rechnungBezahltButtonBox());
     EXPECT_EQ(r->bezahlt(), true);
     EXPECT_EQ(r->bezahltDatum(), kJetzt);
     EXPECT_EQ(ansicht->rechnungBezahltButtonBox()->labelFarbe(), kErledigt);
-    EXPECT_FALSE(sichtbar(ansicht->mahnungButtonBox()));
+    EXPECT_TRUE(sichtbar(ansicht->rechnungUnbezahltButtonBox()));
     ASSERT_TRUE(sichtbar(ansicht->rechnungBezahltDatePicker()));
     EXPECT_EQ(ansicht->rechnungBezahltDatePicker()->dateTime(), kJetzt);
     EXPECT_FALSE(moc().hasChanges());
 
-    // The user corrects the date in the picker: written and saved at once.
+    // The user corrects the date in the picker: written and saved at once. Pressing "paid"
+    // again changes nothing.
     const QDateTime eingang(QDate(2026, 3, 2), QTime(12, 0));
     ansicht->rechnungBezahltDatePicker()->setDateTime(eingang);
+    FKRUhr::halteAn(kJetzt.addDays(1));
+    klicke(ansicht->rechnungBezahltButtonBox());
+    EXPECT_EQ(r->bezahlt(), true);
     EXPECT_EQ(r->bezahltDatum(), eingang);
     EXPECT_FALSE(moc().hasChanges());
 
+    // Taken back: unpaid without a payment date, saved, and paid is the open step again.
+    klicke(ansicht->rechnungUnbezahltButtonBox());
+    EXPECT_EQ(r->bezahlt(), false);
+    EXPECT_EQ(r->bezahltDatum(), std::nullopt);
+    EXPECT_FALSE(moc().hasChanges());
+    EXPECT_EQ(ansicht->rechnungBezahltButtonBox()->labelFarbe(), kRot);
+    EXPECT_FALSE(sichtbar(ansicht->rechnungUnbezahltButtonBox()));
+    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltDatePicker()));
+    ansicht->markiereRechnungUnbezahlt();
+    EXPECT_EQ(r->bezahlt(), false);
+
+    // Paid once more records the new moment; so does a document whose paid mark holds no value.
     FKRUhr::halteAn(kJetzt.addDays(3));
     klicke(ansicht->rechnungBezahltButtonBox());
-    EXPECT_EQ(r->bezahlt(), false);
-    EXPECT_EQ(r->bezahltDatum(), eingang);
-    EXPECT_EQ(ansicht->rechnungBezahltButtonBox()->labelFarbe(), kRot);
-    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltDatePicker()));
+    EXPECT_EQ(r->bezahltDatum(), kJetzt.addDays(3));
+    auto *ohneWert = dokument(u"Rechnung: 19"_s);
+    ohneWert->setVersandt(true);
+    ohneWert->setBezahlt(std::nullopt);
+    zeige(ohneWert);
+    klicke(ansicht->rechnungBezahltButtonBox());
+    EXPECT_EQ(ohneWert->bezahlt(), true);
+    EXPECT_EQ(ohneWert->bezahltDatum(), kJetzt.addDays(3));
 }
 
 TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
 {
     auto *r = dokument(u"RE/2026: 7"_s);
     zeige(r);
+    // Sending asks first; declined or closed, nothing is archived or stored.
+    for (const int antwort : {kZweiterKnopf, kAlertAbgebrochen}) {
+        presenter.antworten = {antwort};
+        klicke(ansicht->rechnungVersendetButtonBox());
+        EXPECT_EQ(r->versandt(), false);
+        EXPECT_EQ(r->binaryPDF(), std::nullopt);
+        EXPECT_TRUE(archivDateien().isEmpty());
+        EXPECT_FALSE(moc().hasChanges());
+        EXPECT_EQ(ansicht->rechnungVersendetButtonBox()->labelFarbe(), kRot);
+    }
+    ASSERT_EQ(presenter.alerts.size(), 2);
+    const FKRAlert &frage = presenter.alerts.constFirst();
+    EXPECT_EQ(frage.titelSchluessel, u"ALERT_TITLE_VERSENDEN"_s);
+    EXPECT_EQ(frage.textSchluessel, u"ALERT_TEXT_VERSENDEN"_s);
+    EXPECT_EQ(frage.knopfSchluessel, (QStringList{u"BUTTON_TITLE_VERSENDEN"_s, u"BUTTON_TITLE_ABBRECHEN"_s}));
+
+    // Confirmed, also for a document whose sent mark held no value.
+    r->setVersandt(std::nullopt);
     klicke(ansicht->rechnungVersendetButtonBox());
     ASSERT_EQ(r->versandt(), true);
     ASSERT_EQ(archivDateien().size(), 1);
@@ -248,9 +288,10 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
     EXPECT_EQ(ansicht->angezeigtePDFDaten(), eingefroren);
     EXPECT_FALSE(moc().hasChanges());
 
-    // The second press neither archives nor freezes again.
+    // The second press neither asks, archives nor freezes again.
     FKRUhr::halteAn(kJetzt.addSecs(120));
     klicke(ansicht->rechnungVersendetButtonBox());
+    EXPECT_EQ(presenter.alerts.size(), 3);
     EXPECT_EQ(archivDateien().size(), 1);
     EXPECT_EQ(r->binaryPDF(), eingefroren);
 
