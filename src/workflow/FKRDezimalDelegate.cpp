@@ -2,7 +2,9 @@
 
 #include "DecimalMetaType.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QTimer>
 
 FKRDezimalDelegate::FKRDezimalDelegate(FKRDezimalFeld::Art art, QObject *parent)
     : QStyledItemDelegate(parent)
@@ -30,8 +32,26 @@ void FKRDezimalDelegate::setModelData(QWidget *editor, QAbstractItemModel *model
 {
     const auto *feld = static_cast<const FKRDezimalFeld *>(editor);
     const std::optional<Decimal> wert = feld->eingabe();
-    if (!wert)
+    if (!wert) {
+        // A click elsewhere does not drop the text unseen: the cell opens again with it and its
+        // warning, until the user corrects it or gives it up with Escape. A view that went away
+        // with its window or tab takes the text with it.
+        QWidget *viewport = editor->parentWidget();
+        auto *view = viewport ? qobject_cast<QAbstractItemView *>(viewport->parentWidget()) : nullptr;
+        if (!view)
+            return;
+        const QPersistentModelIndex zelle(index);
+        const QString text = feld->text();
+        QTimer::singleShot(0, view, [view, zelle, text] {
+            if (!zelle.isValid() || !view->isVisible())
+                return;
+            view->setCurrentIndex(zelle);
+            view->edit(zelle);
+            if (auto *wieder = qobject_cast<FKRDezimalFeld *>(view->indexWidget(zelle)))
+                wieder->zeigeEingabe(text);
+        });
         return;
+    }
     if (m_art == FKRDezimalFeld::Art::Ganzzahl)
         model->setData(index, QVariant::fromValue(qint64(wert->toInt64())));
     else

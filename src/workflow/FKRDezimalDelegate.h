@@ -6,8 +6,8 @@
 
 // Edits a numeric cell of the item table in an FKRDezimalFeld: the number is typed in the
 // user's locale, a text that is not a number stays in the cell with the field's warning (Return
-// and Tab do not leave it), and only a valid number reaches the model. Leaving the cell
-// otherwise (a click elsewhere, Escape) drops a refused text.
+// and Tab do not leave it, a click elsewhere opens the cell again with it), and only a valid
+// number reaches the model. Escape drops a refused text and shows the stored value again.
 class FKRDezimalDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

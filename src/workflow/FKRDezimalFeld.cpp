@@ -20,6 +20,20 @@ bool nurZiffern(const QString &text)
     return true;
 }
 
+// Digits in groups of three behind a first group of one to three that does not begin with 0:
+// "1.234.567", not "1.23" or "0.500".
+bool gruppiert(const QString &text, const QString &gruppe)
+{
+    const QStringList gruppen = text.split(gruppe);
+    const QString &erste = gruppen.first();
+    if (erste.isEmpty() || erste.size() > 3 || erste.startsWith(QLatin1Char('0')) || !nurZiffern(erste))
+        return false;
+    for (qsizetype i = 1; i < gruppen.size(); ++i)
+        if (gruppen[i].size() != 3 || !nurZiffern(gruppen[i]))
+            return false;
+    return true;
+}
+
 bool entferneVorne(QString &text, const QString &zeichen)
 {
     if (zeichen.isEmpty() || !text.startsWith(zeichen))
@@ -85,6 +99,12 @@ void FKRDezimalFeld::zeigeWert()
     const QString text = wert.isNaN() ? QString() : zahlText(wert);
     if (text != this->text())
         setText(text);
+}
+
+void FKRDezimalFeld::zeigeEingabe(const QString &text)
+{
+    setText(text);
+    textBearbeitet(text);
 }
 
 std::optional<Decimal> FKRDezimalFeld::eingabe() const
@@ -154,9 +174,7 @@ void FKRDezimalFeld::setzeHinweis(bool an)
     m_hinweis = an;
     m_warnung->setVisible(an);
     if (an) {
-        const QString grund = m_art == Art::Ganzzahl
-                                  ? FKRLocalizationHelper::hauptTabellenText(QStringLiteral("EDITOR_HINWEIS_KEINE_GANZZAHL"))
-                                  : FKRLocalizationHelper::hauptTabellenText(QStringLiteral("EDITOR_HINWEIS_KEINE_ZAHL"));
+        const QString grund = hinweis(m_art);
         m_warnung->setToolTip(grund);
         setToolTip(grund);
         setStyleSheet(QStringLiteral("QLineEdit { border: 2px solid #d0312d; border-radius: 3px; }"));
@@ -165,6 +183,13 @@ void FKRDezimalFeld::setzeHinweis(bool an)
         setToolTip(QString());
         setStyleSheet(QString());
     }
+}
+
+QString FKRDezimalFeld::hinweis(Art art)
+{
+    return art == Art::Ganzzahl
+               ? FKRLocalizationHelper::hauptTabellenText(QStringLiteral("EDITOR_HINWEIS_KEINE_GANZZAHL"))
+               : FKRLocalizationHelper::hauptTabellenText(QStringLiteral("EDITOR_HINWEIS_KEINE_ZAHL"));
 }
 
 std::optional<Decimal> FKRDezimalFeld::leseZahl(const QString &eingabe)
@@ -177,20 +202,26 @@ std::optional<Decimal> FKRDezimalFeld::leseZahl(const QString &eingabe)
     else if (!entferneVorne(text, locale.positiveSign()))
         entferneVorne(text, QStringLiteral("+"));
 
-    const QString komma = locale.decimalPoint();
+    QString komma = locale.decimalPoint();
+    const QString gruppe = locale.groupSeparator();
+    // The other common decimal separator ("." in German, "," in English) is one as well where it
+    // cannot be meant otherwise: without the locale's own one in the text, once, and not where
+    // it groups thousands in the locale ("1.234" is 1234 in German, "7.5" is 7,5).
+    const QString anderesKomma = komma == QStringLiteral(",")   ? QStringLiteral(".")
+                                 : komma == QStringLiteral(".") ? QStringLiteral(",")
+                                                                : QString();
+    if (!anderesKomma.isEmpty() && !text.contains(komma) && text.count(anderesKomma) == 1
+        && !(anderesKomma == gruppe && gruppiert(text, gruppe)))
+        komma = anderesKomma;
+
     const qsizetype kommaStelle = text.indexOf(komma);
     QString ganz = kommaStelle < 0 ? text : text.left(kommaStelle);
     const QString bruch = kommaStelle < 0 ? QString() : text.mid(kommaStelle + komma.size());
 
-    const QString gruppe = locale.groupSeparator();
     if (!gruppe.isEmpty() && ganz.contains(gruppe)) {
-        const QStringList gruppen = ganz.split(gruppe);
-        if (gruppen.first().isEmpty() || gruppen.first().size() > 3)
+        if (!gruppiert(ganz, gruppe))
             return std::nullopt;
-        for (qsizetype i = 1; i < gruppen.size(); ++i)
-            if (gruppen[i].size() != 3)
-                return std::nullopt;
-        ganz = gruppen.join(QString());
+        ganz.remove(gruppe);
     }
     if ((ganz.isEmpty() && bruch.isEmpty()) || !nurZiffern(ganz) || !nurZiffern(bruch))
         return std::nullopt;

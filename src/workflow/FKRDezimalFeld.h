@@ -42,6 +42,8 @@ public:
     ManagedObject *objekt() const;
     // Shows the bound value again; a refused text and its warning are dropped.
     void zeigeWert();
+    // Puts `text` in as if the user had typed it, warning and all.
+    void zeigeEingabe(const QString &text);
 
     // The value the text stands for, as it would be stored (a fraction for percentages);
     // nullopt when the text is refused.
@@ -50,9 +52,13 @@ public:
     bool zeigtHinweis() const { return m_hinweis; }
 
     // A number typed in the user's locale: an optional sign, digits with group separators only
-    // between groups of three, at most one decimal separator. "1.5" is refused in German, where
-    // the point groups thousands, rather than read as fifteen.
+    // between groups of three, at most one decimal separator. The other common decimal separator
+    // is taken too where it cannot group thousands: "7.5" is seven and a half on a German
+    // desktop and "7,5" on an English one, while "1.234" stays 1234 in German and "1,234" 1234
+    // in English; "1.5.0" or "1,5.0" are refused, never guessed at.
     static std::optional<Decimal> leseZahl(const QString &text);
+    // Why a text is refused, in the user's language.
+    static QString hinweis(Art art);
     // The number in the user's locale without grouping and without trailing zeros: what the
     // field shows and what leseZahl reads back to the same value.
     static QString zahlText(const Decimal &wert);

@@ -13,6 +13,7 @@
 #include "FKRRechnungsDetailsViewController.h"
 #include "FKRRechnungsDetailsWindowController.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -63,26 +64,55 @@ protected:
             QTest::keyClick(feld, Qt::Key_Return);
     }
 
+    // The warning of a refused text: icon, red frame, and the reason as the tooltip.
+    static bool zeigtWarnung(FKRDezimalFeld *feld, const char *grund)
+    {
+        const QImage bild = feld->grab().toImage();
+        const QColor rand = bild.pixelColor(bild.width() / 2, 0);
+        const bool rot = rand.red() > 150 && rand.green() < 100 && rand.blue() < 100;
+        const bool symbol = !feld->actions().isEmpty() && feld->actions().first()->isVisible();
+        return feld->zeigtHinweis() && rot && symbol && feld->toolTip().contains(QString::fromUtf8(grund));
+    }
+
     FKRRechnung *rechnung = nullptr;
     FKRPosten *posten = nullptr;
 };
 
 TEST_F(BetragTest, ZahlenInDerSpracheDesBenutzers)
 {
-    EXPECT_EQ(FKRDezimalFeld::leseZahl(u"1.234,5"_s), zahl("1234.5"));
-    EXPECT_EQ(FKRDezimalFeld::leseZahl(u" -12,50 "_s), zahl("-12.5"));
-    EXPECT_EQ(FKRDezimalFeld::leseZahl(u",5"_s), zahl("0.5"));
-    // The German point groups thousands: "1.5" is not one and a half, and not fifteen either.
-    for (const QString &falsch : {u"1.5"_s, u"1.23"_s, u"1,2,3"_s, u"12a"_s, u"1e3"_s, u""_s, u"-"_s, u"∞"_s})
-        EXPECT_FALSE(FKRDezimalFeld::leseZahl(falsch)) << falsch.toStdString();
-    EXPECT_EQ(FKRDezimalFeld::zahlText(zahl("-7.5")), u"-7,5"_s);
-
+    // nullptr: refused. The other decimal separator counts where it cannot group thousands.
+    struct Fall {
+        const char *locale;
+        QString text;
+        const char *wert;
+    };
+    const Fall faelle[] = {
+        {"de_DE", u"1.234,5"_s, "1234.5"}, {"de_DE", u" -12,50 "_s, "-12.5"}, {"de_DE", u",5"_s, "0.5"},
+        {"de_DE", u"7,5"_s, "7.5"},        {"de_DE", u"7.5"_s, "7.5"},        {"de_DE", u"1.23"_s, "1.23"},
+        {"de_DE", u"0.500"_s, "0.5"},      {"de_DE", u".5"_s, "0.5"},         {"de_DE", u"1.234"_s, "1234"},
+        {"de_DE", u"1.234.567"_s, "1234567"},
+        {"de_DE", u"1.5.0"_s, nullptr},    {"de_DE", u"1.5,0"_s, nullptr},    {"de_DE", u"1,2,3"_s, nullptr},
+        {"de_DE", u"12.34.567"_s, nullptr}, {"de_DE", u"1.23a"_s, nullptr},   {"de_DE", u"12a"_s, nullptr},
+        {"de_DE", u"1e3"_s, nullptr},      {"de_DE", u""_s, nullptr},         {"de_DE", u"-"_s, nullptr},
+        {"de_DE", u"∞"_s, nullptr},
+        {"en_US", u"1,234.5"_s, "1234.5"}, {"en_US", u"7.5"_s, "7.5"},        {"en_US", u"7,5"_s, "7.5"},
+        {"en_US", u"1,234"_s, "1234"},     {"en_US", u"0,25"_s, "0.25"},      {"en_US", u"1,5.0"_s, nullptr},
+        {"en_US", u"1.234,5"_s, nullptr},
+        // Where the other separator never groups, it is always the decimal one.
+        {"fr_FR", u"7.5"_s, "7.5"},        {"fr_FR", u"1.234"_s, "1.234"},
+    };
+    for (const Fall &fall : faelle) {
+        QLocale::setDefault(QLocale(QString::fromLatin1(fall.locale)));
+        const std::optional<Decimal> gelesen = FKRDezimalFeld::leseZahl(fall.text);
+        if (fall.wert)
+            EXPECT_EQ(gelesen, zahl(fall.wert)) << fall.locale << " " << fall.text.toStdString();
+        else
+            EXPECT_FALSE(gelesen) << fall.locale << " " << fall.text.toStdString();
+    }
     QLocale::setDefault(QLocale(u"en_US"_s));
-    EXPECT_EQ(FKRDezimalFeld::leseZahl(u"1,234.5"_s), zahl("1234.5"));
-    EXPECT_EQ(FKRDezimalFeld::leseZahl(u"1.5"_s), zahl("1.5"));
-    EXPECT_FALSE(FKRDezimalFeld::leseZahl(u"1,5"_s));
     EXPECT_EQ(FKRDezimalFeld::zahlText(zahl("7.5")), u"7.5"_s);
     QLocale::setDefault(QLocale(u"de_DE"_s));
+    EXPECT_EQ(FKRDezimalFeld::zahlText(zahl("-7.5")), u"-7,5"_s);
 }
 
 TEST_F(BetragTest, ProzenteWerdenAlsBruchGespeichertUndFalscherTextNie)
@@ -122,6 +152,62 @@ TEST_F(BetragTest, ProzenteWerdenAlsBruchGespeichertUndFalscherTextNie)
     editor.tabView()->setCurrentIndex(1);
     EXPECT_FALSE(tab.betragTabZuschlagTextField->zeigtHinweis());
     EXPECT_EQ(tab.betragTabZuschlagTextField->text(), u"0"_s);
+}
+
+TEST_F(BetragTest, JedesZahlenfeldUndJedeZahlenzelleSagtWarumSieAblehnt)
+{
+    struct Sprache {
+        const char *locale;
+        const char *keineZahl;
+        const char *keineGanzzahl;
+    };
+    for (const Sprache &sprache : {Sprache{"de_DE", "keine gültige Zahl", "ganze Zahl"},
+                                   Sprache{"en_US", "not a valid number", "whole number"}}) {
+        QLocale::setDefault(QLocale(QString::fromLatin1(sprache.locale)));
+        FKRLocalizationHelper::installiereHauptTabelle();
+        FKRRechnungsDetailsViewController &editor = oeffneBetragTab();
+        FKREditorBetragTab &tab = *editor.betragTab();
+        const std::pair<FKRDezimalFeld *, const char *> felder[] = {
+            {tab.betragTabMwStSatzTextField, sprache.keineZahl},   {tab.betragTabRabattTextField, sprache.keineZahl},
+            {tab.betragTabZuschlagTextField, sprache.keineZahl},   {tab.betragTabSkontoTextField, sprache.keineZahl},
+            {tab.betragTabSkontoZeitraumTextField, sprache.keineGanzzahl}};
+        for (const auto &[feld, grund] : felder) {
+            ersetze(feld, u"x"_s);
+            EXPECT_TRUE(zeigtWarnung(feld, grund)) << sprache.locale << " " << feld->objectName().toStdString();
+        }
+
+        // A cell shows the same while it is edited, and still after a click elsewhere, until
+        // Escape gives the text up.
+        editor.tabView()->setCurrentIndex(0);
+        QTableView *tabelle = editor.postenTab()->postenTableView;
+        const std::pair<int, const char *> zellen[] = {{FKREditorPostenTab::kNummer, sprache.keineGanzzahl},
+                                                       {FKREditorPostenTab::kAnzahl, sprache.keineZahl},
+                                                       {FKREditorPostenTab::kEinzelbetrag, sprache.keineZahl}};
+        for (const auto &[spalte, grund] : zellen) {
+            const QModelIndex zelle = editor.rechnungsPostenArrayController().index(0, spalte);
+            tabelle->setCurrentIndex(zelle);
+            tabelle->edit(zelle);
+            auto *feld = qobject_cast<FKRDezimalFeld *>(tabelle->indexWidget(zelle));
+            ASSERT_NE(feld, nullptr);
+            ersetze(feld, u"1,2,3"_s);
+            EXPECT_TRUE(zeigtWarnung(feld, grund)) << sprache.locale << " " << spalte;
+            const QModelIndex anderswo = editor.rechnungsPostenArrayController().index(0, FKREditorPostenTab::kGesamt);
+            QTest::mouseClick(tabelle->viewport(), Qt::LeftButton, {}, tabelle->visualRect(anderswo).center());
+            QCoreApplication::processEvents();
+            feld = qobject_cast<FKRDezimalFeld *>(tabelle->indexWidget(zelle));
+            ASSERT_NE(feld, nullptr);
+            EXPECT_EQ(feld->text(), u"1,2,3"_s);
+            EXPECT_TRUE(zeigtWarnung(feld, grund)) << sprache.locale << " " << spalte;
+            QTest::keyClick(feld, Qt::Key_Escape);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(tabelle->indexWidget(zelle), nullptr);
+        }
+        EXPECT_EQ(posten->anzahl(), Decimal(1));
+        FKRRechnungsDetailsWindowController::aktuellesFenster()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+    FKRLocalizationHelper::installiereHauptTabelle();
 }
 
 TEST_F(BetragTest, NettoLoeschtDieUmsatzsteuerUndBruttoZeigtNullBisZurEingabe)
