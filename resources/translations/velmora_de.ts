@@ -491,6 +491,14 @@
         <translation>Bitte eine ganze Zahl ab 0 eingeben. Der Wert wird erst übernommen, wenn er korrigiert ist.</translation>
     </message>
     <message>
+        <source>EDITOR_PLATZHALTER_BEZEICHNUNG</source>
+        <translation>Was wurde geliefert oder geleistet?</translation>
+    </message>
+    <message>
+        <source>EDITOR_PLATZHALTER_BESCHREIBUNG</source>
+        <translation>Einzelheiten zum Posten (optional)</translation>
+    </message>
+    <message>
         <source>EDITOR_SPALTE_NUMMER</source>
         <translation>Nr.</translation>
     </message>

@@ -491,6 +491,14 @@
         <translation>Please enter a whole number from 0 up. The value is only taken once it has been corrected.</translation>
     </message>
     <message>
+        <source>EDITOR_PLATZHALTER_BEZEICHNUNG</source>
+        <translation>What was delivered or done?</translation>
+    </message>
+    <message>
+        <source>EDITOR_PLATZHALTER_BESCHREIBUNG</source>
+        <translation>Details of the item (optional)</translation>
+    </message>
+    <message>
         <source>EDITOR_SPALTE_NUMMER</source>
         <translation>No.</translation>
     </message>

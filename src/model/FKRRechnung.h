@@ -126,8 +126,26 @@ public:
     // a dunning letter is of type 5 and numbered "Mahnung für: " and the source's number;
     void setzeNummerAlsMahnungZu(const FKRRechnung &quelle);
     // a type change exchanges every other type's label in the number for the new one's
-    // (removes them for a code outside 1..5) and keeps the rest of the text.
+    // (removes them for a code outside 1..5) and keeps the rest of the text;
     void wechsleDokumentArt(const Decimal &neueArt);
+    // a language change turns the labels that begin the number ("Rechnung: ", also "Mahnung
+    // für: Rechnung: ") into the new language's; a number that does not begin with a label of
+    // the old language is the user's own and stays as it is.
+    void wechsleSprache(qint64 neueSprache);
+
+    // ---- New documents (FKRRechnungStatus.cpp) ----
+    // Days from the document date to the due date of a new document: a document is not due on
+    // the day it is written.
+    static constexpr int kZahlungszielTage = 14;
+    // The language a new document starts in: German on a German desktop, English on any other
+    // (the language the program itself speaks there).
+    static qint64 spracheFuerNeueDokumente();
+    // Document and delivery date `jetzt`, due date kZahlungszielTage calendar days later.
+    void setzeDatenFuerNeuesDokument(const QDateTime &jetzt);
+    // The sender a new document starts with: the only one there is; otherwise the sender of the
+    // newest of `dokumente` (by document date) that has one; nullptr when neither decides.
+    static FKRAbsender *absenderFuerNeuesDokument(const QList<FKRAbsender *> &absender,
+                                                  const QList<FKRRechnung *> &dokumente);
 
 Q_SIGNALS:
     void archiviertChanged();

@@ -1,10 +1,12 @@
 // Types, states, reminder times and number texts of a document.
+#include "FKRAbsender.h"
 #include "FKRDokumentArt.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRRechnung.h"
 #include "FKRUhr.h"
 #include "QBAdditions.h"
 
+#include <QLocale>
 #include <QTimeZone>
 
 namespace {
@@ -91,4 +93,69 @@ void FKRRechnung::wechsleDokumentArt(const Decimal &neueArt)
             text.replace(label, neuesLabel);
     }
     setRechnungsNummer(text);
+}
+
+void FKRRechnung::wechsleSprache(qint64 neueSprache)
+{
+    const std::optional<qint64> bisher = sprache();
+    setSprache(neueSprache);
+    const auto nummer = rechnungsNummer();
+    if (!nummer || bisher == neueSprache)
+        return;
+    const std::optional<int> alt = bisher ? std::optional<int>(int(*bisher)) : std::nullopt;
+    // The dunning letter's label first: it may stand in front of the source's type label.
+    QStringList schluessel{QStringLiteral("Mahnung für: ")};
+    for (qint64 code = 1; code <= 5; ++code)
+        schluessel.append(*nummernLabelSchluessel(code));
+    QString rest = *nummer;
+    QString labels;
+    for (bool gefunden = true; gefunden;) {
+        gefunden = false;
+        for (const QString &key : std::as_const(schluessel)) {
+            const QString label = FKRLocalizationHelper::lokalisierterText(key, alt);
+            if (!label.isEmpty() && rest.startsWith(label)) {
+                labels += FKRLocalizationHelper::lokalisierterText(key, int(neueSprache));
+                rest = rest.mid(label.size());
+                gefunden = true;
+                break;
+            }
+        }
+    }
+    if (!labels.isEmpty())
+        setRechnungsNummer(labels + rest);
+}
+
+qint64 FKRRechnung::spracheFuerNeueDokumente()
+{
+    return QLocale().language() == QLocale::German ? 1 : 2;
+}
+
+void FKRRechnung::setzeDatenFuerNeuesDokument(const QDateTime &jetzt)
+{
+    setRechnungsDatum(jetzt);
+    setLieferDatum(jetzt);
+    setFaelligkeitsDatum(jetzt.addDays(kZahlungszielTage));
+}
+
+FKRAbsender *FKRRechnung::absenderFuerNeuesDokument(const QList<FKRAbsender *> &absender,
+                                                    const QList<FKRRechnung *> &dokumente)
+{
+    if (absender.size() == 1)
+        return absender.first();
+    FKRAbsender *zuletzt = nullptr;
+    std::optional<QDateTime> neuestes;
+    for (const FKRRechnung *dokument : dokumente) {
+        FKRAbsender *a = dokument->absender();
+        if (!a)
+            continue;
+        // A document without a date counts as the oldest; of two of the same moment the one
+        // made later counts (the list is in the order of creation).
+        const std::optional<QDateTime> datum = dokument->rechnungsDatum();
+        const bool neuer = !zuletzt || (datum ? !neuestes || *datum >= *neuestes : !neuestes);
+        if (neuer) {
+            neuestes = datum;
+            zuletzt = a;
+        }
+    }
+    return zuletzt;
 }

@@ -2,6 +2,7 @@
 
 #include "FKRAppDelegate.h"
 #include "FKRArrayController.h"
+#include "FKRHilfeBox.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRMenuViewController.h"
 #include "FKRRechnung.h"
@@ -203,7 +204,9 @@ void FKRAppWindowController::zeigeFaelligeRechnungen()
 
 void FKRAppWindowController::zeigeHilfe()
 {
-    zeigeHilfeView();
+    // The start's offer of help: not once the user has closed it.
+    if (FKRHilfeBox::erscheintBeimStart())
+        zeigeHilfeView();
 }
 
 bool FKRAppWindowController::commitEditing()

@@ -47,6 +47,7 @@ public:
     FKROffenerEditor *offenerEditor() override;
     QList<FKRRechnung *> unbezahlteRechnungen() override;
     void zeigeFaelligeRechnungen() override;
+    // The help the start offers: the panels open unless the user has closed them before.
     void zeigeHilfe() override;
     bool commitEditing() override;
 

@@ -110,6 +110,7 @@ FKREditorPostenTab::FKREditorPostenTab(FKRRechnungsDetailsViewController &editor
     postenBeschreibungTextField = new QPlainTextEdit(this);
     postenBeschreibungTextField->setObjectName(QStringLiteral("postenBeschreibungTextField"));
     postenBeschreibungTextField->setMaximumHeight(90);
+    postenBeschreibungTextField->setPlaceholderText(hauptTabellenText("EDITOR_PLATZHALTER_BESCHREIBUNG"));
     m_beschreibungBindung = new FKRFeldBindung(postenBeschreibungTextField, QStringLiteral("postenBeschreibung"));
     connect(m_beschreibungBindung, &FKRFeldBindung::geaendert, postenTableView->viewport(),
             qOverload<>(&QWidget::update));
@@ -165,8 +166,18 @@ void FKREditorPostenTab::setzeSpalten()
                             posten(o).setPostenNummer(qint64(zahl->toInt64()));
                             return true;
                         }};
+    // An item without a name shows a hint in the placeholder colour; editing starts empty.
+    const QString hinweis = hauptTabellenText("EDITOR_PLATZHALTER_BEZEICHNUNG");
+    const QBrush hinweisFarbe = postenTableView->palette().brush(QPalette::PlaceholderText);
     spalten[kBezeichnung] = {hauptTabellenText("EDITOR_SPALTE_BEZEICHNUNG"),
-                             [](const ManagedObject &o, int role) { return textZelle(posten(o).postenBezeichnung(), role); },
+                             [hinweis, hinweisFarbe](const ManagedObject &o, int role) -> QVariant {
+                                 const auto bezeichnung = posten(o).postenBezeichnung();
+                                 if (!bezeichnung && role == Qt::DisplayRole)
+                                     return hinweis;
+                                 if (!bezeichnung && role == Qt::ForegroundRole)
+                                     return hinweisFarbe;
+                                 return textZelle(bezeichnung, role);
+                             },
                              [](ManagedObject &o, const QVariant &wert) {
                                  posten(o).setPostenBezeichnung(textAus(wert));
                                  return true;
@@ -239,9 +250,9 @@ void FKREditorPostenTab::neuerPostenButtonPressed()
         return;
     FKRArrayController &controller = m_editor.rechnungsPostenArrayController();
     const qint64 anzahl = controller.arrangedObjects().size();
+    // One of something, nameless: the fields show hints until the user writes the texts.
     auto *neu = controller.newObjectOf<FKRPosten>();
-    neu->setPostenBezeichnung(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Bezeichnung"), rechnung->sprache()));
-    neu->setPostenBeschreibung(FKRLocalizationHelper::lokalisierterText(QStringLiteral("Beschreibung"), rechnung->sprache()));
+    neu->setAnzahl(Decimal(1));
     neu->setRechnung(rechnung);
     neu->setPostenNummer(anzahl + 1);
     m_editor.sichern();

@@ -226,6 +226,11 @@ void FKREditorStatusTab::rechnungsLayoutDidChange()
 
 void FKREditorStatusTab::dokumentenSpracheDidChange(int sprache)
 {
-    if (FKRRechnung *rechnung = m_editor.rechnung())
-        rechnung->setSprache(qint64(sprache));
+    FKRRechnung *rechnung = m_editor.rechnung();
+    if (!rechnung)
+        return;
+    // The number's labels follow the language; saved at once, so the document view shows the
+    // document in its new language while the editor is still open.
+    rechnung->wechsleSprache(qint64(sprache));
+    m_editor.sichern();
 }

@@ -1,6 +1,7 @@
 #include "FKRHilfeBox.h"
 
 #include "FKRLocalizationHelper.h"
+#include "QBBenutzerEinstellungen.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -13,16 +14,18 @@ FKRHilfeBox::FKRHilfeBox(const char *textSchluessel, Optionen optionen, QWidget 
     : QFrame(parent)
     , m_textSchluessel(textSchluessel)
     , m_optionen(optionen)
-    , m_text(new QLabel(this))
+    , m_karte(new QFrame(this))
+    , m_text(new QLabel(m_karte))
 {
     setObjectName(QStringLiteral("hilfeBox"));
-    // A translucent sheet over the view, so the user still sees what the text is about.
-    setAutoFillBackground(true);
-    QPalette palette = this->palette();
-    QColor grund = palette.color(QPalette::Window);
-    grund.setAlpha(235);
-    palette.setColor(QPalette::Window, grund);
-    setPalette(palette);
+    // Only the card is drawn and takes clicks (the mask follows it); the view around it is not
+    // dimmed, so the user sees what the text is about and can go on working with it.
+    setAutoFillBackground(false);
+    m_karte->setObjectName(QStringLiteral("hilfeKarte"));
+    m_karte->setFrameShape(QFrame::StyledPanel);
+    m_karte->setAutoFillBackground(true);
+    m_karte->setMaximumWidth(520);
+    m_karte->installEventFilter(this);
 
     m_text->setWordWrap(true);
     m_text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -34,7 +37,7 @@ FKRHilfeBox::FKRHilfeBox(const char *textSchluessel, Optionen optionen, QWidget 
     knoepfe->setContentsMargins(0, 0, 0, 0);
     if (m_optionen & WebseiteLink) {
         // The web page as a link: link colour, underlined, still a button for the keyboard.
-        m_webseite = new QPushButton(this);
+        m_webseite = new QPushButton(m_karte);
         m_webseite->setFlat(true);
         m_webseite->setCursor(Qt::PointingHandCursor);
         QFont linkSchrift = m_webseite->font();
@@ -47,31 +50,55 @@ FKRHilfeBox::FKRHilfeBox(const char *textSchluessel, Optionen optionen, QWidget 
         connect(m_webseite, &QPushButton::clicked, this, &FKRHilfeBox::webseiteGewaehlt);
     }
     knoepfe->addStretch();
-    m_schliessen = new QPushButton(this);
+    m_schliessen = new QPushButton(m_karte);
     m_schliessen->setDefault(true);
     knoepfe->addWidget(m_schliessen);
-    connect(m_schliessen, &QPushButton::clicked, this, &FKRHilfeBox::schliessenGewaehlt);
+    connect(m_schliessen, &QPushButton::clicked, this, &FKRHilfeBox::schliessen);
 
-    // A card of readable width in the middle of the view.
-    auto *karte = new QWidget(this);
-    karte->setMaximumWidth(520);
-    auto *inhalt = new QVBoxLayout(karte);
-    inhalt->setContentsMargins(0, 0, 0, 0);
+    // A card of readable width at the foot of the view, where it hides the least.
+    auto *inhalt = new QVBoxLayout(m_karte);
+    inhalt->setContentsMargins(16, 16, 16, 16);
     inhalt->setSpacing(16);
     inhalt->addWidget(m_text);
     inhalt->addLayout(knoepfe);
 
     auto *zeile = new QHBoxLayout;
     zeile->addStretch(1);
-    zeile->addWidget(karte, 10);
+    zeile->addWidget(m_karte, 10);
     zeile->addStretch(1);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(32, 32, 32, 32);
+    layout->setContentsMargins(16, 16, 16, 16);
     layout->addStretch(1);
     layout->addLayout(zeile);
-    layout->addStretch(2);
 
     uebersetze();
+}
+
+bool FKRHilfeBox::erscheintBeimStart()
+{
+    return QBBenutzerEinstellungen::sharedInstance()->zeigeErklaerungstexte();
+}
+
+void FKRHilfeBox::merkeGeschlossen()
+{
+    QBBenutzerEinstellungen *einstellungen = QBBenutzerEinstellungen::sharedInstance();
+    if (!einstellungen->zeigeErklaerungstexte())
+        return;
+    einstellungen->setZeigeErklaerungstexte(false);
+    einstellungen->sichereBenutzerEinstellungen();
+}
+
+void FKRHilfeBox::schliessen()
+{
+    merkeGeschlossen();
+    Q_EMIT schliessenGewaehlt();
+}
+
+bool FKRHilfeBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_karte && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
+        setMask(m_karte->geometry());
+    return QFrame::eventFilter(watched, event);
 }
 
 void FKRHilfeBox::changeEvent(QEvent *event)
@@ -84,7 +111,7 @@ void FKRHilfeBox::changeEvent(QEvent *event)
 void FKRHilfeBox::mousePressEvent(QMouseEvent *event)
 {
     if (m_optionen & KlickSchliesst)
-        Q_EMIT schliessenGewaehlt();
+        schliessen();
     else
         QFrame::mousePressEvent(event);
 }

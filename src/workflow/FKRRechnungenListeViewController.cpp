@@ -1,5 +1,6 @@
 #include "FKRRechnungenListeViewController.h"
 
+#include "FKRAbsender.h"
 #include "FKRAlert.h"
 #include "FKRAlertPresenter.h"
 #include "FKRAppDelegate.h"
@@ -287,12 +288,14 @@ FKRRechnungsDetailsWindowController *FKRRechnungenListeViewController::prepareFo
 
 FKRRechnung *FKRRechnungenListeViewController::erstelleNeueRechnung()
 {
+    // Asked before the new document exists, which has no sender yet anyway.
+    FKRAbsender *absender =
+        FKRRechnung::absenderFuerNeuesDokument(m_context->fetch<FKRAbsender>(), m_context->fetch<FKRRechnung>());
     auto *rechnung = m_arrayController->newObjectOf<FKRRechnung>();
+    rechnung->setSprache(FKRRechnung::spracheFuerNeueDokumente());
     rechnung->setzeNummerFuerNeuesDokument();
-    const QDateTime jetzt = FKRUhr::jetzt();
-    rechnung->setRechnungsDatum(jetzt);
-    rechnung->setLieferDatum(jetzt);
-    rechnung->setFaelligkeitsDatum(jetzt);
+    rechnung->setzeDatenFuerNeuesDokument(FKRUhr::jetzt());
+    rechnung->setAbsender(absender);
     m_delegate.saveAction();
     setSelectedObjects({rechnung});
     return rechnung;
@@ -330,7 +333,9 @@ void FKRRechnungenListeViewController::zeigeHilfeBox()
         m_hilfeBox->show();
         m_hilfeBox->raise();
     } else {
+        // Put away with the help command is closed as well.
         m_hilfeBox->hide();
+        FKRHilfeBox::merkeGeschlossen();
     }
 }
 

@@ -1,6 +1,7 @@
-// Types, the due test, reminder times and number texts of a document. "Now" is a fixed moment
+// Types, the due test, reminder times, number texts and the sender of a new document. "Now" is a fixed moment
 // (FKRUhr), so "due yesterday" and "asked at 09:30" hold on every run; the suite runs in
 // Europe/Berlin.
+#include "FKRAbsender.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRRechnung.h"
 #include "FKRUhr.h"
@@ -173,6 +174,63 @@ TEST_F(Status, TypeChangeExchangesTheLabelAndKeepsTheNumber)
     ohne->wechsleDokumentArt(Decimal(1));
     EXPECT_EQ(ohne->rechnungsNummer(), std::nullopt);
     EXPECT_TRUE(ohne->isAnschreiben());
+}
+
+TEST_F(Status, LanguageChangeRelabelsOnlyTheLabelsTheNumberBeginsWith)
+{
+    struct Fall {
+        qint64 von, nach;
+        std::optional<QString> nummer, erwartet;
+    };
+    const Fall faelle[] = {
+        {1, 2, u"Rechnung: 2026-001"_s, u"Invoice: 2026-001"_s},
+        {2, 1, u"Quote: 7"_s, u"Angebot: 7"_s},
+        {1, 2, u"Honorarnote:"_s, u"Fee note:"_s},
+        {1, 2, u"Mahnung für: Rechnung: 5"_s, u"Reminder for: Invoice: 5"_s},
+        // The user's own numbers, and labels of the language the document is leaving only.
+        {1, 2, u"RE-2026-001"_s, u"RE-2026-001"_s},
+        {1, 2, u"2026 Rechnung: 1"_s, u"2026 Rechnung: 1"_s},
+        {2, 1, u"Rechnung: 9"_s, u"Rechnung: 9"_s},
+        {1, 2, std::nullopt, std::nullopt},
+    };
+    for (const Fall &fall : faelle) {
+        FKRRechnung *r = dokument(std::nullopt, fall.von, fall.nummer);
+        r->wechsleSprache(fall.nach);
+        EXPECT_EQ(r->sprache(), fall.nach);
+        EXPECT_EQ(r->rechnungsNummer(), fall.erwartet) << fall.nummer.value_or(u"-"_s).toStdString();
+    }
+}
+
+TEST_F(Status, NewDocumentTakesTheOnlySenderOrTheNewestDocumentsOne)
+{
+    auto *a = m_context.insertNewObject<FKRAbsender>();
+    auto *b = m_context.insertNewObject<FKRAbsender>();
+    const auto mit = [this](FKRAbsender *absender, std::optional<QDateTime> datum) {
+        FKRRechnung *r = dokument();
+        r->setAbsender(absender);
+        r->setRechnungsDatum(datum);
+        return r;
+    };
+    const QDateTime montag = berlin(3, 9, 9), dienstag = berlin(3, 10, 9);
+    struct Fall {
+        const char *was;
+        QList<FKRAbsender *> absender;
+        QList<FKRRechnung *> dokumente;
+        FKRAbsender *erwartet;
+    };
+    const Fall faelle[] = {
+        {"the only one", {a}, {mit(b, dienstag)}, a},
+        {"no document decides", {a, b}, {mit(nullptr, dienstag)}, nullptr},
+        {"newest first", {a, b}, {mit(b, dienstag), mit(a, montag)}, b},
+        {"newest last", {a, b}, {mit(a, montag), mit(b, dienstag)}, b},
+        {"same moment: made later", {a, b}, {mit(b, montag), mit(a, montag)}, a},
+        {"without sender skipped", {a, b}, {mit(a, montag), mit(nullptr, dienstag)}, a},
+        {"without date oldest", {a, b}, {mit(a, montag), mit(b, std::nullopt)}, a},
+        {"without date first", {a, b}, {mit(b, std::nullopt), mit(a, montag)}, a},
+        {"both without date", {a, b}, {mit(a, std::nullopt), mit(b, std::nullopt)}, b},
+    };
+    for (const Fall &fall : faelle)
+        EXPECT_EQ(FKRRechnung::absenderFuerNeuesDokument(fall.absender, fall.dokumente), fall.erwartet) << fall.was;
 }
 
 } // namespace

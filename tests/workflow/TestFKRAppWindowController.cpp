@@ -1,11 +1,13 @@
 // What the application core asks of the main window: imported items reach the open editor,
 // the reminders are read in the list's order without disturbing it, a click on a reminder
-// shows the due area, and closing the window closes the editors with it.
+// shows the due area, closing the window closes the editors with it, and the help panels that
+// the start offers until the user closes them.
 
 #include "WorkflowTestSupport.h"
 
 #include "FKRAppWindowController.h"
 #include "FKRArrayController.h"
+#include "FKRHilfeBox.h"
 #include "FKREmpfaenger.h"
 #include "FKRMenuKnopf.h"
 #include "FKRPosten.h"
@@ -14,6 +16,10 @@
 #include "FKRRechnungsDetailsWindowController.h"
 
 #include <QPointer>
+#include <QPushButton>
+#include <QSettings>
+#include <QTableView>
+#include "QBBenutzerEinstellungen.h"
 
 using namespace workflowtest;
 using namespace Qt::Literals::StringLiterals;
@@ -102,6 +108,53 @@ TEST_F(HauptfensterTest, ErinnerungenInListenOrdnungUndKlickZeigtFaellige)
     EXPECT_EQ(liste.arranged<FKRRechnung>(), QList<FKRRechnung *>{faellig});
     EXPECT_EQ(fenster->menuViewController()->bereichsKnopf(2)->textFarbe(), QColor(Qt::white));
     EXPECT_EQ(fenster->ansichtViewController()->rechnung(), nullptr);
+}
+
+TEST_F(HauptfensterTest, HilfeDesStartsBleibtGeschlossenWennDerBenutzerSieSchliesst)
+{
+    for (int i = 0; i < 30; ++i)
+        dokument(u"RE-%1"_s.arg(i), i, false);
+    delegate->saveAction();
+    FKRRechnungenListeViewController *liste = fenster->listeViewController();
+    FKRRechnungsAnsichtViewController *ansicht = fenster->ansichtViewController();
+    QTableView *tabelle = liste->tableView();
+    const QPoint obenLinks = tabelle->viewport()->mapTo(liste, tabelle->visualRect(tabelle->model()->index(0, 0)).center());
+    const QImage ohneHilfe = liste->grab().toImage();
+
+    // The start opens both panels; the list around the card is neither dimmed nor covered.
+    fenster->zeigeHilfe();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(liste->hilfeBox()->isVisible());
+    ASSERT_TRUE(ansicht->findChild<FKRHilfeBox *>()->isVisible());
+    EXPECT_EQ(liste->childAt(obenLinks), tabelle->viewport());
+    EXPECT_EQ(liste->grab().toImage().pixelColor(obenLinks), ohneHilfe.pixelColor(obenLinks));
+    EXPECT_NE(liste->childAt(liste->hilfeBox()->mask().boundingRect().center()), tabelle->viewport());
+
+    // Closed by its button: both go, and the next start does not open them again.
+    QTest::mouseClick(ansicht->findChild<FKRHilfeBox *>()->schliessenKnopf(), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(liste->hilfeBox()->isVisible());
+    EXPECT_FALSE(ansicht->findChild<FKRHilfeBox *>()->isVisible());
+    EXPECT_EQ(QSettings().value(u"zeigeErklaerungstexte"_s).toBool(), false);
+    fenster->zeigeHilfe();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(liste->hilfeBox()->isVisible());
+
+    // The help command still opens them.
+    fenster->zeigeHilfeView();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(liste->hilfeBox()->isVisible());
+    QBBenutzerEinstellungen::sharedInstance()->setZeigeErklaerungstexte(true);
+    QBBenutzerEinstellungen::sharedInstance()->sichereBenutzerEinstellungen();
+
+    // Put away with the help command counts as closed, too.
+    fenster->zeigeHilfeView();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(liste->hilfeBox()->isVisible());
+    EXPECT_FALSE(FKRHilfeBox::erscheintBeimStart());
+    QBBenutzerEinstellungen::sharedInstance()->setZeigeErklaerungstexte(true);
+    QBBenutzerEinstellungen::sharedInstance()->sichereBenutzerEinstellungen();
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "WorkflowTestSupport.h"
 
+#include "FKRAbsender.h"
 #include "FKRAlert.h"
 #include "FKRArrayController.h"
 #include "FKREmpfaenger.h"
@@ -210,25 +211,45 @@ TEST_F(ListeTest, KopfKlicksDurchlaufenFuenfOrdnungenMitGleichstandsRegeln)
     EXPECT_EQ(liste->sortierung(), 0);
 }
 
-TEST_F(ListeTest, NeuesDokumentTraegtTypLabelUndHeutigeDaten)
+TEST_F(ListeTest, NeuesDokumentInDerSpracheDesBenutzersVomLetztenAbsenderUndNichtSofortFaellig)
 {
     const QDateTime jetzt = um(kHeute, 9).addSecs(30 * 60);
     FKRUhr::halteAn(jetzt);
-    // An English-speaking user still gets the German label of a German document.
-    QLocale::setDefault(QLocale(u"en_US"_s));
-    FKRLocalizationHelper::installiereHauptTabelle();
-    FKRRechnung *neu = liste->erstelleNeueRechnung();
-    QLocale::setDefault(QLocale(u"de_DE"_s));
-    FKRLocalizationHelper::installiereHauptTabelle();
+    auto *einziger = moc().insertNewObject<FKRAbsender>();
+    // Any desktop that is not German writes its documents in English.
+    struct Fall {
+        const char *locale;
+        qint64 sprache;
+        QString nummer;
+    };
+    const Fall faelle[] = {{"de_DE", 1, u"Rechnung: "_s}, {"en_US", 2, u"Invoice: "_s}, {"fr_FR", 2, u"Invoice: "_s}};
+    FKRRechnung *neu = nullptr;
+    for (const Fall &fall : faelle) {
+        QLocale::setDefault(QLocale(QString::fromLatin1(fall.locale)));
+        FKRLocalizationHelper::installiereHauptTabelle();
+        neu = liste->erstelleNeueRechnung();
+        QLocale::setDefault(QLocale(u"de_DE"_s));
+        FKRLocalizationHelper::installiereHauptTabelle();
 
-    ASSERT_NE(neu, nullptr);
-    EXPECT_EQ(neu->rechnungsNummer(), u"Rechnung: "_s);
-    EXPECT_EQ(neu->rechnungsDatum(), jetzt);
-    EXPECT_EQ(neu->lieferDatum(), jetzt);
-    EXPECT_EQ(neu->faelligkeitsDatum(), jetzt);
-    EXPECT_FALSE(moc().hasChanges());
-    EXPECT_EQ(liste->selectedObjects(), QList<FKRRechnung *>{neu});
-    EXPECT_EQ(ansicht->rechnung(), neu);
+        ASSERT_NE(neu, nullptr);
+        EXPECT_EQ(neu->sprache(), fall.sprache) << fall.locale;
+        EXPECT_EQ(neu->rechnungsNummer(), fall.nummer) << fall.locale;
+        EXPECT_EQ(neu->rechnungsDatum(), jetzt);
+        EXPECT_EQ(neu->lieferDatum(), jetzt);
+        EXPECT_EQ(neu->faelligkeitsDatum(), jetzt.addDays(14));
+        EXPECT_EQ(neu->absender(), einziger);
+        EXPECT_FALSE(moc().hasChanges());
+        EXPECT_EQ(liste->selectedObjects(), QList<FKRRechnung *>{neu});
+        EXPECT_EQ(ansicht->rechnung(), neu);
+    }
+    // Not due on the day it is written.
+    bereich(2);
+    EXPECT_TRUE(nummern().isEmpty());
+
+    // With a second sender the one of the newest document counts.
+    auto *zweiter = moc().insertNewObject<FKRAbsender>();
+    neu->setAbsender(zweiter);
+    EXPECT_EQ(liste->erstelleNeueRechnung()->absender(), zweiter);
 }
 
 TEST_F(ListeTest, LoeschenFragtEinmalFuerAlleAusgewaehlten)

@@ -22,6 +22,8 @@
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPdfDocument>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -157,7 +159,6 @@ TEST_F(EditorTest, TypwechselBenenntDieNummerUmUndBeschriftetDieDaten)
 TEST_F(EditorTest, PostenOhneNummerWerdenDurchgezaehltUndNeuerPostenBekommtAnzahlPlusEins)
 {
     FKRRechnung *rechnung = dokument();
-    rechnung->setSprache(qint64(2));
     QList<FKRPosten *> posten;
     for (qint64 nummer : {0, 0, 5}) {
         auto *p = moc().insertNewObject<FKRPosten>();
@@ -183,11 +184,25 @@ TEST_F(EditorTest, PostenOhneNummerWerdenDurchgezaehltUndNeuerPostenBekommtAnzah
             neu = p;
     ASSERT_NE(neu, nullptr);
     EXPECT_EQ(neu->postenNummer(), qint64(4));
-    // Texts in the document's language (English here), not the user's.
-    EXPECT_EQ(neu->postenBezeichnung(), FKRLocalizationHelper::lokalisierterText(u"Bezeichnung"_s, 2));
-    EXPECT_NE(neu->postenBezeichnung(), u"Bezeichnung"_s);
+    // One of something without texts: the editor shows hints, which the item never holds.
+    EXPECT_EQ(neu->anzahl(), Decimal(1));
+    EXPECT_EQ(neu->postenBezeichnung(), std::nullopt);
+    EXPECT_EQ(neu->postenBeschreibung(), std::nullopt);
+    const QModelIndex name = editor.rechnungsPostenArrayController().index(
+        editor.rechnungsPostenArrayController().rowOf(neu), FKREditorPostenTab::kBezeichnung);
+    EXPECT_EQ(name.data(Qt::DisplayRole), FKRLocalizationHelper::hauptTabellenText(u"EDITOR_PLATZHALTER_BEZEICHNUNG"_s));
+    EXPECT_EQ(name.data(Qt::EditRole), QString());
+    EXPECT_TRUE(name.data(Qt::ForegroundRole).isValid());
+    EXPECT_EQ(editor.postenTab()->postenBeschreibungTextField->toPlainText(), QString());
+    EXPECT_EQ(editor.postenTab()->postenBeschreibungTextField->placeholderText(),
+              FKRLocalizationHelper::hauptTabellenText(u"EDITOR_PLATZHALTER_BESCHREIBUNG"_s));
     EXPECT_EQ(editor.postenTab()->auswahl().ausgewaehlteObjekte(), QList<ManagedObject *>{neu});
     EXPECT_FALSE(moc().hasChanges());
+
+    // A named item shows its name.
+    neu->setPostenBezeichnung(u"Beratung"_s);
+    EXPECT_EQ(name.data(Qt::DisplayRole), u"Beratung"_s);
+    EXPECT_FALSE(name.data(Qt::ForegroundRole).isValid());
 }
 
 TEST_F(EditorTest, LoeschenFragtUndAbbrechenBehaeltAlles)
@@ -254,9 +269,23 @@ TEST_F(EditorTest, WeiterFuehrtDurchAlleTabsUndSchliesstAmEndeMitSichern)
     }
     EXPECT_EQ(rechnung->rechnungsNummer(), u"Rechnung: 17-A"_s);
 
-    // The language segment writes the document like a field; the save comes with the closing.
+    // The language segment relabels the number and saves, and the document view follows at once.
+    ansicht->setRechnung(rechnung);
+    ansicht->aktualisiereAnsicht();
+    const auto zeigtText = [this](const QString &text) {
+        return apptest::warteBis([&] {
+            QCoreApplication::processEvents();
+            QPdfDocument *pdf = ansicht->pdfDocument();
+            return pdf->status() == QPdfDocument::Status::Ready && pdf->getAllText(0).text().contains(text);
+        }, 5000);
+    };
+    ASSERT_TRUE(zeigtText(u"Rechnung: 17-A"_s));
     editor.statusTab()->dokumentenSpracheSegmente->button(FKREditorStatusTab::kEnglisch)->click();
     EXPECT_EQ(rechnung->sprache(), qint64(2));
+    EXPECT_EQ(editor.postenTab()->rechnungsNummerTextField->text(), u"Invoice: 17-A"_s);
+    EXPECT_FALSE(moc().hasChanges());
+    EXPECT_TRUE(zeigtText(u"Invoice: 17-A"_s));
+    QTest::keyClicks(editor.postenTab()->rechnungsNummerTextField, u"7"_s);
     ASSERT_TRUE(moc().hasChanges());
 
     QTest::mouseClick(editor.weiterButton(), Qt::LeftButton);

@@ -39,8 +39,11 @@ Decimal zahl(const char *text)
 class StrasseTest : public FensterTest
 {
 protected:
-    StrasseTest()
+    // The whole program on a desktop of the given locale.
+    explicit StrasseTest(const char *locale = "de_DE")
     {
+        QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
+        FKRLocalizationHelper::installiereHauptTabelle();
         fenster = std::make_unique<FKRAppWindowController>(*delegate);
         delegate->setFensterSchicht(fenster.get());
         fenster->show();
@@ -50,6 +53,8 @@ protected:
     {
         delegate->setFensterSchicht(nullptr);
         fenster.reset();
+        QLocale::setDefault(QLocale(u"de_DE"_s));
+        FKRLocalizationHelper::installiereHauptTabelle();
     }
 
     static void ersetze(QWidget *feld, const QString &text)
@@ -106,8 +111,33 @@ protected:
     std::unique_ptr<FKRAppWindowController> fenster;
 };
 
-TEST_F(StrasseTest, EineRechnungVomEntwurfBisBezahlt)
+// What differs between a German and an English desktop on the road of one invoice.
+struct Sprache {
+    const char *locale;
+    QString nummer;
+    QString einzeln; // the item sum of 1 × 450, then of 2 × 450, then the total with VAT
+    QString summe;
+    QString gesamt;
+};
+
+class StrasseInSprache : public StrasseTest, public ::testing::WithParamInterface<Sprache>
 {
+protected:
+    StrasseInSprache()
+        : StrasseTest(GetParam().locale)
+    {
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Desktops, StrasseInSprache,
+                         ::testing::Values(Sprache{"de_DE", u"Rechnung: "_s, u"€ 450,00"_s, u"€ 900,00"_s, u"€ 1.071,00"_s},
+                                           Sprache{"en_US", u"Invoice: "_s, u"€ 450.00"_s, u"€ 900.00"_s,
+                                                   u"€ 1,071.00"_s}),
+                         [](const auto &info) { return std::string(info.param.locale); });
+
+TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
+{
+    const Sprache &sprache = GetParam();
     // Ctrl+Shift+N: a new document, opened in the editor.
     QTest::keyClick(fenster.get(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     auto *editorFenster = FKRRechnungsDetailsWindowController::aktuellesFenster();
@@ -115,23 +145,26 @@ TEST_F(StrasseTest, EineRechnungVomEntwurfBisBezahlt)
     FKRRechnungsDetailsViewController &editor = *editorFenster->editor();
     FKRRechnung *rechnung = editor.rechnung();
     ASSERT_NE(rechnung, nullptr);
-    EXPECT_EQ(rechnung->rechnungsNummer(), u"Rechnung: "_s);
-    EXPECT_EQ(rechnung->faelligkeitsDatum()->date(), QDate::currentDate());
+    EXPECT_EQ(rechnung->rechnungsNummer(), sprache.nummer);
+    // Due in two weeks, so not listed as due on the day it is written.
+    EXPECT_EQ(rechnung->faelligkeitsDatum()->date(), QDate::currentDate().addDays(14));
+    EXPECT_FALSE(rechnung->isFaellig());
 
-    // Items: the number completed, one item of 2 × 450.
+    // Items: the number completed, one item of 2 × 450 (a new item is one of something).
     QTest::keyClick(editor.postenTab()->rechnungsNummerTextField, Qt::Key_End);
     QTest::keyClicks(editor.postenTab()->rechnungsNummerTextField, u"2026-100"_s);
     QTest::mouseClick(editor.postenTab()->neuerPostenButton, Qt::LeftButton);
-    bearbeiteZelle(editor, FKREditorPostenTab::kAnzahl, u"2"_s);
     bearbeiteZelle(editor, FKREditorPostenTab::kEinzelbetrag, u"450"_s);
-    EXPECT_EQ(editor.postenTab()->postenTabRechnungsSummeTextField->text(), u"€ 900,00"_s);
+    EXPECT_EQ(editor.postenTab()->postenTabRechnungsSummeTextField->text(), sprache.einzeln);
+    bearbeiteZelle(editor, FKREditorPostenTab::kAnzahl, u"2"_s);
+    EXPECT_EQ(editor.postenTab()->postenTabRechnungsSummeTextField->text(), sprache.summe);
 
     // Amounts: gross with 19 % VAT.
     QTest::mouseClick(editor.weiterButton(), Qt::LeftButton);
     QTest::mouseClick(editor.betragTab()->betragTabBruttoRadioButton, Qt::LeftButton);
     ersetze(editor.betragTab()->betragTabMwStSatzTextField, u"19"_s);
     EXPECT_EQ(rechnung->mwStSatz(), zahl("0.19"));
-    EXPECT_EQ(editor.betragTab()->betragTabRechnungsSummeTextField->text(), u"€ 1.071,00"_s);
+    EXPECT_EQ(editor.betragTab()->betragTabRechnungsSummeTextField->text(), sprache.gesamt);
 
     // Recipient and sender: the first of each is made for the document, then named.
     QTest::mouseClick(editor.weiterButton(), Qt::LeftButton);
@@ -156,7 +189,7 @@ TEST_F(StrasseTest, EineRechnungVomEntwurfBisBezahlt)
     EXPECT_EQ(rechnung->versandt(), true);
     const QStringList archiv = archivDateien();
     ASSERT_EQ(archiv.size(), 1);
-    EXPECT_TRUE(archiv.first().contains(u"Rechnung"_s));
+    EXPECT_TRUE(archiv.first().contains(sprache.nummer.trimmed().chopped(1)));
     QFile datei(QDir(delegate->applicationArchiveDirectory()).filePath(archiv.first()));
     ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
     EXPECT_EQ(rechnung->binaryPDF(), datei.readAll());
