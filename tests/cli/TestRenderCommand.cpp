@@ -122,19 +122,26 @@ TEST_F(RenderTest, LetterAndLocaleHoldForTheRunOnly)
 {
     QBBenutzerEinstellungen &einstellungen = *QBBenutzerEinstellungen::sharedInstance();
     const QString eingabe = schreibe(dokument);
+    // The user's locale writes the numbers of a document without a language; a German one keeps
+    // German numbers.
+    json ohneSprache = dokument;
+    ohneSprache["sprache"] = nullptr;
+    const QString eingabeOhneSprache = schreibe(ohneSprache, "ohne-sprache.json");
     const QString localeVorher = QLocale().name();
 
     const Lauf letter = starte({QStringLiteral("--letter"), QStringLiteral("--locale"), QStringLiteral("en_US"),
-                                eingabe, pfad("letter.pdf")});
+                                eingabeOhneSprache, pfad("letter.pdf")});
     ASSERT_EQ(letter.status, 0) << letter.err;
     EXPECT_EQ(seitenGroesse(pfad("letter.pdf")), "612 x 792");
     EXPECT_TRUE(pdfText(pfad("letter.pdf")).contains(u"€ 1,234.50"));
+    ASSERT_EQ(starte({QStringLiteral("--locale=en_US"), eingabe, pfad("de.pdf")}).status, 0);
+    EXPECT_TRUE(pdfText(pfad("de.pdf")).contains(u"€ 1.234,50"));
     // Neither the paper nor the locale outlive the run, and the paper never reaches the file.
     EXPECT_FALSE(einstellungen.pdfDocumentSizeIsLetter());
     EXPECT_EQ(QLocale().name(), localeVorher);
     EXPECT_FALSE(storetest::fileBytes(einstellungen.settingsFilePath()).contains("pdfDocumentSizeIsLetter=true"));
 
-    const Lauf deutsch = starte({QStringLiteral("--locale=de_DE"), eingabe, pfad("a4.pdf")});
+    const Lauf deutsch = starte({QStringLiteral("--locale=de_DE"), eingabeOhneSprache, pfad("a4.pdf")});
     ASSERT_EQ(deutsch.status, 0) << deutsch.err;
     EXPECT_TRUE(pdfText(pfad("a4.pdf")).contains(u"€ 1.234,50"));
 
