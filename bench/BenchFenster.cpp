@@ -37,7 +37,7 @@ constexpr int kKunden = 200;
 struct StillerPresenter : FKRAlertPresenter {
     int zeigeAlert(const FKRAlert &) override { return kErsterKnopf; }
     bool praesentiereFehler(const FKRAnwendungsFehler &) override { return false; }
-    QStringList waehleDateien(const QString &, const QString &, const QString &) override { return {}; }
+    QStringList waehleDateien(const QString &, const QString &, const QString &, const DateiFilter &) override { return {}; }
     QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override
     {
         return {};

@@ -161,7 +161,7 @@ public:
         return kErsterKnopf;
     }
     bool praesentiereFehler(const FKRAnwendungsFehler &) override { return false; }
-    QStringList waehleDateien(const QString &, const QString &, const QString &) override { return {}; }
+    QStringList waehleDateien(const QString &, const QString &, const QString &, const DateiFilter &) override { return {}; }
     QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override
     {
         return {};
