@@ -1,6 +1,7 @@
 // The blocks every layout shares, read back from finished files: the item table and its totals,
 // the due-date and cash-discount sentences, the dates block, the sender line, page breaks and
-// page numbers, and what is printed when a document lacks a date or its language.
+// page numbers, words and numbers in the document's language, the document information, and
+// what is printed when a document lacks a date or its language.
 //
 // Documents use the header-bar layout, whose body has the full 16 cm width and whose dates block
 // stands on the right, where the shared blocks put it.
