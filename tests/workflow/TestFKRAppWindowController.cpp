@@ -76,7 +76,7 @@ TEST_F(HauptfensterTest, ImportiertePostenGehenInDenOffenenEditor)
     EXPECT_EQ(posten->anzahl(), Decimal::parse("1.5"));
     EXPECT_EQ(posten->einzelbetrag(), Decimal(80));
     ASSERT_NE(rechnung->empfaenger(), nullptr);
-    EXPECT_EQ(rechnung->empfaenger()->name(), u"Acme"_s);
+    EXPECT_EQ(rechnung->empfaenger()->firma(), u"Acme"_s);
     EXPECT_EQ(editorFenster->editor()->rechnungsPostenArrayController().arranged<FKRPosten>(), QList<FKRPosten *>{posten});
     EXPECT_FALSE(moc().hasChanges());
 

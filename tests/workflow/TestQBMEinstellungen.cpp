@@ -118,6 +118,7 @@ TEST_F(EinstellungenTest, ImportKnopfPrueftDieDateiBevorEtwasGeleertWird)
     // still there.
     moc().insertNewObject<FKRRechnung>()->setRechnungsNummer(u"Rechnung: 7"_s);
     delegate->saveAction();
+    sync->aufrufe.clear();
     QTemporaryDir ordner;
     const QString falsch = ordner.filePath(u"sicherung.fks"_s);
     QFile datei(falsch);
