@@ -501,6 +501,17 @@ TEST_F(PDFLayouts, FooterBarSetsTheSenderUnderARuleAndTheLogoTopRight)
     EXPECT_FALSE(briefpapier.text(1).contains(u"DE02120300000000202051"_s));
     EXPECT_TRUE(striche(leer, (x1 + w + x2) / 2, 25 * kcm, 29.5 * kcm).isEmpty());
     EXPECT_FALSE(flaeche(leer, Qt::red).isValid());
+
+    // A letterhead that is printed stands on every page of a long document, one that is not on none.
+    a->setGeschaeftspapierImageBinary(png({40, 40}, Qt::blue));
+    posten(r, 40);
+    for (const bool drucken : {true, false}) {
+        a->setGeschaeftspapierDrucken(drucken);
+        const PdfPruefung lang = rendere(r, u"fuss-briefpapier-%1.pdf"_s.arg(drucken));
+        ASSERT_GE(lang.seitenAnzahl(), 2);
+        for (int seite = 1; seite <= lang.seitenAnzahl(); ++seite)
+            EXPECT_EQ(flaeche(lang.bild(seite, kDpi), Qt::blue).isValid(), drucken) << "page " << seite;
+    }
 }
 
 TEST_F(PDFLayouts, EachLayoutBreaksToANewPageAtItsOwnLowerLimit)
