@@ -35,7 +35,8 @@ void FKRDezimalDelegate::setModelData(QWidget *editor, QAbstractItemModel *model
     if (!wert) {
         // A click elsewhere does not drop the text unseen: the cell opens again with it and its
         // warning, until the user corrects it or gives it up with Escape. A view that went away
-        // with its window or tab takes the text with it.
+        // with its window or tab takes the text with it, and so does a view in which another
+        // cell is being edited by then: two refused cells never take turns.
         QWidget *viewport = editor->parentWidget();
         auto *view = viewport ? qobject_cast<QAbstractItemView *>(viewport->parentWidget()) : nullptr;
         if (!view)
@@ -43,7 +44,7 @@ void FKRDezimalDelegate::setModelData(QWidget *editor, QAbstractItemModel *model
         const QPersistentModelIndex zelle(index);
         const QString text = feld->text();
         QTimer::singleShot(0, view, [view, zelle, text] {
-            if (!zelle.isValid() || !view->isVisible())
+            if (!zelle.isValid() || !view->isVisible() || view->indexWidget(view->currentIndex()))
                 return;
             view->setCurrentIndex(zelle);
             view->edit(zelle);
