@@ -22,9 +22,11 @@
 #include "WriterTestSupport.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTimeZone>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -575,6 +577,7 @@ TEST_F(PDFLayouts, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
         const char *form;
         QByteArray bild;
         QSizeF groesse;
+        bool alsDatei = false; // stored as a file location instead of bytes
     } logos[] = {
         {"wide", png({400, 120}, Qt::red), {400, 120}},
         {"square", png({300, 300}, Qt::red), {300, 300}},
@@ -582,6 +585,7 @@ TEST_F(PDFLayouts, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
         {"banner", png({1000, 50}, Qt::red), {1000, 50}},
         {"transparent", writertest::rahmenPng({260, 160}, Qt::red), {260, 160}},
         {"small", png({60, 30}, Qt::red), {60, 30}},
+        {"wide, from a file", png({400, 120}, Qt::red), {400, 120}, true},
     };
     for (const bool letter : {false, true}) {
         QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(letter);
@@ -605,7 +609,15 @@ TEST_F(PDFLayouts, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
             const PdfPruefung ohne = rendere(r, name + u"-ohne.pdf"_s);
             for (const auto &logo : logos) {
                 SCOPED_TRACE(testing::Message() << "layout " << layout << (letter ? ", Letter, " : ", A4, ") << logo.form);
-                a->setLogoImageBinary(logo.bild);
+                if (logo.alsDatei) {
+                    QFile datei(m_ordner.filePath(u"logo.png"_s));
+                    ASSERT_TRUE(datei.open(QIODevice::WriteOnly) && datei.write(logo.bild) == logo.bild.size());
+                    datei.close();
+                    a->setLogoImageBinary(std::nullopt);
+                    a->setLogoImagePath(QUrl::fromLocalFile(datei.fileName()).toString());
+                } else {
+                    a->setLogoImageBinary(logo.bild);
+                }
                 const PdfPruefung pdf = rendere(r, name + u"-"_s + QString::fromLatin1(logo.form) + u".pdf"_s);
 
                 // Every word stands where it stands without a logo.
