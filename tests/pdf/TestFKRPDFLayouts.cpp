@@ -1,6 +1,7 @@
 // The three page layouts as a reader of their files sees them: where the sender's details stand
-// (column, header bar, footer bar), what is left out for a sender with a letterhead, the logo,
-// the narrowed body of the sidebar, the page numbers and where each layout breaks to a new page.
+// (column, header bar, footer bar), what is left out for a sender with a letterhead, the logo in
+// the space left free, the narrowed body of the sidebar, the page numbers and where each layout
+// breaks to a new page.
 //
 // Text positions come from the extractor's word boxes. A box's top is the top of the font's
 // glyph box, a fixed distance below the y at which a line was drawn that depends only on the
@@ -229,8 +230,7 @@ protected:
 TEST_F(PDFLayouts, SidebarColumnHoldsTheSendersDetailsAndDatesBesideANarrowBody)
 {
     FKRRechnung *r = dokument(3, std::nullopt);
-    FKRAbsender *a = vollerAbsender(r);
-    a->setLogoImageBinary(png({120, 60}, Qt::red));
+    vollerAbsender(r);
     posten(r, 2);
     const PdfPruefung pdf = rendere(r, u"seitenleiste.pdf"_s);
     ASSERT_EQ(pdf.seitenAnzahl(), 1);
@@ -281,14 +281,6 @@ TEST_F(PDFLayouts, SidebarColumnHoldsTheSendersDetailsAndDatesBesideANarrowBody)
     EXPECT_NEAR(box(pdf, 1, text("Betrag")).right(), links + 9.5 * kcm - 0.1 * kcm, kToleranzX);
     EXPECT_NEAR(box(pdf, 1, text("Summe")).right(), links + 12 * kcm - 0.1 * kcm, kToleranzX);
     EXPECT_NEAR(box(pdf, 1, u"Rechnung: 2026-017"_s).left(), links, kToleranzX);
-
-    // The logo at its own size, its right edge half a centimetre left of the column, its top at
-    // the column's top.
-    const QRectF logo = flaeche(pdf.bild(1, kDpi), Qt::red);
-    EXPECT_NEAR(logo.right(), 14.5 * kcm, 1.0);
-    EXPECT_NEAR(logo.top(), 1.5 * kcm, 1.0);
-    EXPECT_NEAR(logo.width(), 120, 1.0);
-    EXPECT_NEAR(logo.height(), 60, 1.0);
 }
 
 TEST_F(PDFLayouts, SidebarPrintsOnlyWhatTheSenderHas)
@@ -447,11 +439,11 @@ TEST_F(PDFLayouts, HeaderBarLeavesOutWhatTheSenderLacks)
     EXPECT_TRUE(striche(briefpapier.bild(1, kDpi), 7.7 * kcm, 0.2 * kcm, 4.9 * kcm).isEmpty());
 }
 
-TEST_F(PDFLayouts, FooterBarSetsTheSenderUnderARuleAndTheLogoTopRight)
+TEST_F(PDFLayouts, FooterBarSetsTheSenderUnderARule)
 {
     FKRRechnung *r = dokument(3, 3);
     FKRAbsender *a = vollerAbsender(r);
-    a->setLogoImageBinary(png({1000, 100}, Qt::red)); // wider than the text width
+    a->setLogoImageBinary(png({1000, 100}, Qt::red)); // left out on letterhead paper, below
     const PdfPruefung pdf = rendere(r, u"fussleiste.pdf"_s);
 
     const double L = zeile(messer().faelligkeitsFont);
@@ -477,14 +469,6 @@ TEST_F(PDFLayouts, FooterBarSetsTheSenderUnderARuleAndTheLogoTopRight)
     const QList<double> linien = striche(bild, (x1 + w + x2) / 2, 25 * kcm, 29.5 * kcm);
     ASSERT_EQ(linien.size(), 1);
     EXPECT_NEAR(linien.first(), leiste, 0.6);
-
-    // The wide logo is limited by the 16 cm text width, right edge on the right margin, top at
-    // 1.5 cm.
-    const QRectF logo = flaeche(bild, Qt::red);
-    EXPECT_NEAR(logo.right(), 18.5 * kcm, 1.0);
-    EXPECT_NEAR(logo.left(), 2.5 * kcm, 1.0);
-    EXPECT_NEAR(logo.top(), 1.5 * kcm, 1.0);
-    EXPECT_NEAR(logo.height(), 16 * kcm / 10, 1.0);
 
     // A stored layout of 4 is the footer bar, word for word.
     r->setLayout(Decimal(4));
@@ -646,9 +630,10 @@ TEST_F(PDFLayouts, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
                 const double massstab = box.width() / logo.groesse.width();
                 EXPECT_NEAR(box.height(), logo.groesse.height() * massstab, 1.5);
                 EXPECT_LE(massstab, 1.0 + 1 / logo.groesse.width());
-                if (massstab < 0.99)
+                if (massstab < 0.99) {
                     EXPECT_TRUE(std::abs(box.left() - raum->left()) < 1 || std::abs(box.bottom() - raum->bottom()) < 1)
                         << "scaled further than the space demands";
+                }
                 // The converter's box is where the page shows the picture.
                 if (QImage::fromData(logo.bild).hasAlphaChannel()) {
                     const QRectF gerendert = flaeche(pdf.bild(1, kDpi), Qt::red);
