@@ -158,6 +158,22 @@ TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGel
     EXPECT_FALSE(beendenAngefordert);
 }
 
+TEST_F(DatenbankImport, OhneSicherungDerDatenVonVorherWirdNichtsGeleert)
+{
+    // The backups folder cannot take an archive (a file stands in its place).
+    const QString sicherungen = delegate->dataBackupsDirectory();
+    ASSERT_TRUE(QDir(sicherungen).removeRecursively());
+    ziptest::schreibe(sicherungen, "kein Ordner");
+    presenter.panelAntworten = {QStringList{fremdesArchiv(QStringLiteral("sicherung.fks"))}};
+    import->datenbankImportButtonSelected();
+    warteAufEnde();
+    EXPECT_EQ(presenter.alertTexte().last(), "DATABASE_IMPORT_NO_BACKUP");
+    EXPECT_EQ(anzahlImStore(), 4);
+    EXPECT_FALSE(sync->aufrufe.contains("trenneSyncMitAbschluss"));
+    EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
+    EXPECT_FALSE(beendenAngefordert);
+}
+
 TEST_F(DatenbankImport, ScheitertDasEinsetzenLiegenDieDatenVonVorherInDerSicherung)
 {
     const QString archiv = fremdesArchiv(QStringLiteral("sicherung.fks"));
