@@ -247,7 +247,9 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     auto *ohneWert = dokument(u"Rechnung: 19"_s);
     ohneWert->setVersandt(true);
     ohneWert->setBezahlt(std::nullopt);
+    ohneWert->setBezahltDatum(eingang); // an old date while unpaid is neither shown nor kept
     zeige(ohneWert);
+    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltDatePicker()));
     klicke(ansicht->rechnungBezahltButtonBox());
     EXPECT_EQ(ohneWert->bezahlt(), true);
     EXPECT_EQ(ohneWert->bezahltDatum(), kJetzt.addDays(3));
