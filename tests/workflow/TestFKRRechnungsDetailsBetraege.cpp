@@ -152,6 +152,7 @@ TEST_F(BetragTest, ProzenteWerdenAlsBruchGespeichertUndFalscherTextNie)
     editor.tabView()->setCurrentIndex(1);
     EXPECT_FALSE(tab.betragTabZuschlagTextField->zeigtHinweis());
     EXPECT_EQ(tab.betragTabZuschlagTextField->text(), u"0"_s);
+    EXPECT_EQ(tab.betragTabSkontoZeitraumTextField->text(), u"14"_s); // days are no percentage
 }
 
 TEST_F(BetragTest, JedesZahlenfeldUndJedeZahlenzelleSagtWarumSieAblehnt)
