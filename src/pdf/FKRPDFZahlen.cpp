@@ -3,16 +3,11 @@
 #include "DecimalFormatter.h"
 #include "FKRBetragsFormat.h"
 #include "FKRRechnung.h"
-#include "UserLocale.h"
+#include "FKRLocalizationHelper.h"
 
 std::string FKRPDFZahlen::locale(const FKRRechnung &rechnung)
 {
-    const auto sprache = rechnung.sprache();
-    if (sprache == 1)
-        return "de_DE";
-    if (sprache == 2)
-        return "en_US";
-    return UserLocale::icuLocaleId();
+    return FKRLocalizationHelper::dokumentLocaleId(rechnung.sprache());
 }
 
 QString FKRPDFZahlen::zahl(const Decimal &wert, const FKRRechnung &rechnung)

@@ -84,11 +84,7 @@ icu::DateFormat::EStyle icuStil(DateStyle style)
 
 icu::Locale datumsLocale(std::optional<int> sprache)
 {
-    if (sprache == 2)
-        return icu::Locale("en_US");
-    if (sprache == 1)
-        return icu::Locale("de_DE");
-    return icu::Locale(UserLocale::icuLocaleId().c_str());
+    return icu::Locale(FKRLocalizationHelper::dokumentLocaleId(sprache).c_str());
 }
 
 } // namespace
@@ -137,6 +133,15 @@ QString FKRLocalizationHelper::lokalisiertesDatum(const QDateTime &date, DateSty
     icu::UnicodeString text;
     format->format(static_cast<UDate>(date.toMSecsSinceEpoch()), text);
     return QBKalender::text(text);
+}
+
+std::string FKRLocalizationHelper::dokumentLocaleId(std::optional<int> sprache)
+{
+    if (sprache == 2)
+        return "en_US";
+    if (sprache == 1)
+        return "de_DE";
+    return UserLocale::icuLocaleId();
 }
 
 QString FKRLocalizationHelper::hauptTabellenText(const QString &key)

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <optional>
+#include <string>
 
 // Texts and dates in a document's own language. A document written in English by a German user
 // takes its labels from the English table; texts of the application itself (alerts, buttons,
@@ -49,6 +50,10 @@ public:
     // Month and year of the date in the document's language, from the localised template
     // "yyyy-MMM" ("Nov. 2026" in German, "Nov 2026" in English); locales as lokalisiertesDatum.
     static QString lokalisierterMonat(const QDateTime &date, std::optional<int> sprache);
+
+    // The ICU locale of a document's dates and numbers: sprache 2 "en_US", 1 "de_DE", anything
+    // else the user's current locale.
+    static std::string dokumentLocaleId(std::optional<int> sprache);
 
     // The user's main table: the text of the key in the user's language, the key itself when missing.
     static QString hauptTabellenText(const QString &key);
