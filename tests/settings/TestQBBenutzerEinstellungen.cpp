@@ -9,20 +9,16 @@
 #include <latch>
 #include <map>
 #include <thread>
-#include <utility>
 #include <vector>
 
 namespace {
-
-std::string text(const Decimal &value)
-{
-    return value.toString();
-}
+using Eintraege = std::map<std::string, std::string>;
 
 class QBBenutzerEinstellungenTest : public ::testing::Test
 {
 protected:
     QString path() const { return m_dir.filePath(QStringLiteral("einstellungen.ini")); }
+    std::unique_ptr<QBBenutzerEinstellungen> laden() const { return QBBenutzerEinstellungen::withSettingsFile(path()); }
 
     // The file as another program or an older version may have left it.
     void schreibeDatei(const QByteArray &generalSection) const
@@ -31,18 +27,16 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray("[General]\n") + generalSection);
     }
-
     QByteArray dateiInhalt() const
     {
         QFile file(path());
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-
-    // The entries as they are in the file now. Read from the bytes, because QSettings objects
-    // of one process share unsaved changes and would hide a missing flush.
-    std::map<std::string, std::string> aufPlatte() const
+    // Read from the bytes, because QSettings objects of one process share unsaved changes and
+    // would hide a missing flush.
+    Eintraege aufPlatte() const
     {
-        std::map<std::string, std::string> entries;
+        Eintraege entries;
         for (const QByteArray &line : dateiInhalt().split('\n')) {
             const qsizetype equals = line.indexOf('=');
             if (equals > 0)
@@ -50,7 +44,6 @@ protected:
         }
         return entries;
     }
-
     std::string aufPlatte(const char *key) const
     {
         const auto entries = aufPlatte();
@@ -62,154 +55,116 @@ private:
     QTemporaryDir m_dir;
 };
 
+std::string wert(const QObject &settings, const char *name)
+{
+    const QVariant v = settings.property(name);
+    return v.metaType() == QMetaType::fromType<Decimal>() ? v.value<Decimal>().toString() : v.toString().toStdString();
+}
+
 TEST_F(QBBenutzerEinstellungenTest, FirstStartWritesEveryDefaultUnderItsExactKeyThenLoadsThem)
 {
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-
-    const std::map<std::string, std::string> expected = {
+    const auto settings = laden();
+    const Eintraege expected = {
         {"datenbankWurdeNeuImportiert", "false"}, {"deaktiviereFaelligeRechnungsMitteilungen", "false"},
-        {"zeigeErklaerungstexte", "true"},        {"zeitFormat24h", "false"},
-        {"zeitFormatDezimal", "false"},           {"singleRecordModeActivated", "false"},
-        {"calendarWeekModeActivated", "false"},   {"verwendeiCloudSync", "false"},
-        {"versteckeArchivierteObjekte", "false"}, {"seperatorComma", "false"},
-        {"pdfExportRevenue", "true"},             {"pdfExportNotes", "false"},
-        {"pdfExportLayout", "0"},                 {"pdfDocumentSizeIsLetter", "false"},
-        {"backgroundColor", "0"},                 {"backgroundColorRechnungen", "43"},
-        {"startHelperAtLogin", "false"},          {"rechnungsNummernMigriert", "false"},
-        {"anzahlAppStarts", "0"},                 {"appVersion", "1.3"},
-        {"dokumentenNummerSequence", "0"},        {"daysToDisplayInNotificationCenter", "5"},
-        {"mahnungZahlungsfristTage", "14"},
-    };
+        {"zeigeErklaerungstexte", "true"}, {"zeitFormat24h", "false"}, {"zeitFormatDezimal", "false"},
+        {"singleRecordModeActivated", "false"}, {"calendarWeekModeActivated", "false"}, {"verwendeiCloudSync", "false"},
+        {"versteckeArchivierteObjekte", "false"}, {"seperatorComma", "false"}, {"pdfExportRevenue", "true"},
+        {"pdfExportNotes", "false"}, {"pdfExportLayout", "0"}, {"pdfDocumentSizeIsLetter", "false"},
+        {"backgroundColor", "0"}, {"backgroundColorRechnungen", "43"}, {"startHelperAtLogin", "false"},
+        {"rechnungsNummernMigriert", "false"}, {"anzahlAppStarts", "0"}, {"appVersion", "1.3"},
+        {"dokumentenNummerSequence", "0"}, {"daysToDisplayInNotificationCenter", "5"}, {"mahnungZahlungsfristTage", "14"}};
     EXPECT_EQ(aufPlatte(), expected);
-
-    EXPECT_TRUE(settings->zeigeErklaerungstexte());
-    EXPECT_TRUE(settings->pdfExportRevenue());
-    EXPECT_FALSE(settings->seperatorComma());
+    for (const auto &[key, value] : expected)
+        EXPECT_EQ(wert(*settings, key.c_str()), value) << key;
     EXPECT_TRUE(settings->seperatorSemikolon());
-    EXPECT_EQ(text(settings->backgroundColorRechnungen()), "43");
-    EXPECT_EQ(text(settings->daysToDisplayInNotificationCenter()), "5");
-    EXPECT_EQ(settings->appVersion(), "1.3");
-    EXPECT_EQ(settings->mahnungZahlungsfristTage(), 14);
 }
 
-TEST_F(QBBenutzerEinstellungenTest, StoreWithStartCounterIsLoadedWithFallbacksAndLeftUntouched)
-{
-    schreibeDatei("anzahlAppStarts=7\ndokumentenNummerSequence=12\nzeitFormat24h=true\n");
-    const QByteArray before = dateiInhalt();
-
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-
-    EXPECT_EQ(settings->appVersion(), "1.3");
-    EXPECT_EQ(text(settings->anzahlAppStarts()), "7");
-    EXPECT_EQ(text(settings->dokumentenNummerSequence()), "12");
-    EXPECT_TRUE(settings->zeitFormat24h());
-    // Missing booleans read as false, even those whose first-start value is true.
-    EXPECT_FALSE(settings->zeigeErklaerungstexte());
-    EXPECT_EQ(text(settings->backgroundColorRechnungen()), "43");
-    EXPECT_EQ(settings->mahnungZahlungsfristTage(), 14); // a file from before the setting existed
-    EXPECT_EQ(dateiInhalt(), before);
-}
-
-TEST_F(QBBenutzerEinstellungenTest, DunningDaysAreAWholeNumberWithinTheirBounds)
+// A file with a start counter is no first start: it is read, never written, and whatever
+// cannot be read falls back (booleans to false, even those whose first-start value is true).
+TEST_F(QBBenutzerEinstellungenTest, ExistingFilesAreReadWithFallbacksAndLeftUntouched)
 {
     const struct {
-        const char *gespeichert;
-        int geladen;
-    } faelle[] = {{"30", 30}, {"21.9", 21}, {"0", 0}, {"365", 365}, {"366", 365}, {"-3", 0}, {"1e3", 365},
-                  {"zwei", 14}, {"NaN", 14}};
+        const char *datei;
+        Eintraege geladen;
+    } faelle[] = {
+        {"anzahlAppStarts=7\ndokumentenNummerSequence=12\nzeitFormat24h=true\n",
+         {{"appVersion", "1.3"}, {"anzahlAppStarts", "7"}, {"dokumentenNummerSequence", "12"}, {"zeitFormat24h", "true"},
+          {"zeigeErklaerungstexte", "false"}, {"backgroundColorRechnungen", "43"}, {"mahnungZahlungsfristTage", "14"}}},
+        {"anzahlAppStarts=viele\n", {{"anzahlAppStarts", "0"}}},
+        {"anzahlAppStarts=12.0\nbackgroundColor=4.3e1\ndaysToDisplayInNotificationCenter=\" 17 \"\n"
+         "startHelperAtLogin=1\npdfExportNotes=YES\nzeitFormat24h=2\nbackgroundColorRechnungen=rot\n"
+         "dokumentenNummerSequence=1e999\npdfExportLayout=true\nverwendeiCloudSync=vielleicht\n"
+         "zeigeErklaerungstexte=\nappVersion=3, 13\n",
+         {{"anzahlAppStarts", "12"}, {"backgroundColor", "43"}, {"daysToDisplayInNotificationCenter", "17"},
+          {"startHelperAtLogin", "true"}, {"pdfExportNotes", "true"}, {"zeitFormat24h", "true"},
+          {"backgroundColorRechnungen", "43"}, {"dokumentenNummerSequence", "0"}, {"pdfExportLayout", "0"},
+          {"verwendeiCloudSync", "false"}, {"zeigeErklaerungstexte", "false"}, {"appVersion", "1.3"}}},
+        // Dunning days are a whole number within 0 and 365.
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=30\n", {{"mahnungZahlungsfristTage", "30"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=21.9\n", {{"mahnungZahlungsfristTage", "21"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=0\n", {{"mahnungZahlungsfristTage", "0"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=365\n", {{"mahnungZahlungsfristTage", "365"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=366\n", {{"mahnungZahlungsfristTage", "365"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=-3\n", {{"mahnungZahlungsfristTage", "0"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=1e3\n", {{"mahnungZahlungsfristTage", "365"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=zwei\n", {{"mahnungZahlungsfristTage", "14"}}},
+        {"anzahlAppStarts=1\nmahnungZahlungsfristTage=NaN\n", {{"mahnungZahlungsfristTage", "14"}}},
+    };
     for (const auto &fall : faelle) {
-        schreibeDatei(QByteArray("anzahlAppStarts=1\nmahnungZahlungsfristTage=") + fall.gespeichert + '\n');
-        EXPECT_EQ(QBBenutzerEinstellungen::withSettingsFile(path())->mahnungZahlungsfristTage(), fall.geladen)
-            << fall.gespeichert;
+        SCOPED_TRACE(fall.datei);
+        schreibeDatei(fall.datei);
+        const QByteArray vorher = dateiInhalt();
+        const auto settings = laden();
+        for (const auto &[key, value] : fall.geladen)
+            EXPECT_EQ(wert(*settings, key.c_str()), value) << key;
+        EXPECT_EQ(dateiInhalt(), vorher);
     }
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-    const std::pair<int, int> gesetztGehalten[] = {{400, 365}, {-1, 0}, {7, 7}};
-    for (const auto &[gesetzt, gehalten] : gesetztGehalten) {
-        settings->setMahnungZahlungsfristTage(gesetzt);
-        EXPECT_EQ(settings->mahnungZahlungsfristTage(), gehalten) << gesetzt;
-    }
-    settings->sichereBenutzerEinstellungen();
-    EXPECT_EQ(aufPlatte("mahnungZahlungsfristTage"), "7");
-}
-
-TEST_F(QBBenutzerEinstellungenTest, OtherWritersShapesAreReadAndUnreadableEntriesFallBack)
-{
-    schreibeDatei("anzahlAppStarts=12.0\nbackgroundColor=4.3e1\ndaysToDisplayInNotificationCenter=\" 17 \"\n"
-                  "startHelperAtLogin=1\npdfExportNotes=YES\nzeitFormat24h=2\n"
-                  "backgroundColorRechnungen=rot\ndokumentenNummerSequence=1e999\npdfExportLayout=true\n"
-                  "verwendeiCloudSync=vielleicht\nzeigeErklaerungstexte=\nappVersion=3, 13\n");
-
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-
-    EXPECT_EQ(text(settings->anzahlAppStarts()), "12");
-    EXPECT_EQ(text(settings->backgroundColor()), "43");
-    EXPECT_EQ(text(settings->daysToDisplayInNotificationCenter()), "17");
-    EXPECT_TRUE(settings->startHelperAtLogin());
-    EXPECT_TRUE(settings->pdfExportNotes());
-    EXPECT_TRUE(settings->zeitFormat24h());
-
-    EXPECT_EQ(text(settings->backgroundColorRechnungen()), "43");
-    EXPECT_EQ(text(settings->dokumentenNummerSequence()), "0");
-    EXPECT_EQ(text(settings->pdfExportLayout()), "0");
-    EXPECT_FALSE(settings->verwendeiCloudSync());
-    EXPECT_FALSE(settings->zeigeErklaerungstexte());
-    EXPECT_EQ(settings->appVersion(), "1.3");
-}
-
-TEST_F(QBBenutzerEinstellungenTest, UnreadableStartCounterIsNoFirstStart)
-{
-    schreibeDatei("anzahlAppStarts=viele\n");
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-    EXPECT_EQ(text(settings->anzahlAppStarts()), "0");
-    EXPECT_EQ(aufPlatte(), (std::map<std::string, std::string>{{"anzahlAppStarts", "viele"}}));
 }
 
 TEST_F(QBBenutzerEinstellungenTest, SettersNotifyOnlyOnChangeAndReachDiskOnlyWhenSaved)
 {
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-    int zeitFormatSignals = 0;
-    int farbeSignals = 0;
-    QObject::connect(settings.get(), &QBBenutzerEinstellungen::zeitFormat24hChanged,
-                     [&](bool) { ++zeitFormatSignals; });
+    const auto settings = laden();
+    int zeitFormatSignals = 0, farbeSignals = 0;
+    QObject::connect(settings.get(), &QBBenutzerEinstellungen::zeitFormat24hChanged, [&](bool) { ++zeitFormatSignals; });
     QObject::connect(settings.get(), &QBBenutzerEinstellungen::backgroundColorRechnungenChanged,
                      [&](const Decimal &) { ++farbeSignals; });
-
     settings->setZeitFormat24h(true);
     settings->setZeitFormat24h(true);
     settings->setBackgroundColorRechnungen(*Decimal::parse("43.00"));
     settings->setBackgroundColorRechnungen(12);
     EXPECT_EQ(zeitFormatSignals, 1);
     EXPECT_EQ(farbeSignals, 1);
+    const std::pair<int, int> gesetztGehalten[] = {{400, 365}, {-1, 0}, {7, 7}};
+    for (const auto &[gesetzt, gehalten] : gesetztGehalten) {
+        settings->setMahnungZahlungsfristTage(gesetzt);
+        EXPECT_EQ(settings->mahnungZahlungsfristTage(), gehalten) << gesetzt;
+    }
     EXPECT_EQ(aufPlatte("zeitFormat24h"), "false");
     EXPECT_EQ(aufPlatte("backgroundColorRechnungen"), "43");
-
+    EXPECT_EQ(aufPlatte("mahnungZahlungsfristTage"), "14");
     settings->sichereBenutzerEinstellungen();
     EXPECT_EQ(aufPlatte("zeitFormat24h"), "true");
     EXPECT_EQ(aufPlatte("backgroundColorRechnungen"), "12");
+    EXPECT_EQ(aufPlatte("mahnungZahlungsfristTage"), "7");
 }
 
 TEST_F(QBBenutzerEinstellungenTest, SeparatorViewsNotifyEachOtherAndSemikolonSavesAtOnce)
 {
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-    std::vector<bool> commaSeen;
-    std::vector<bool> semikolonSeen;
+    const auto settings = laden();
+    std::vector<bool> commaSeen, semikolonSeen;
     QObject::connect(settings.get(), &QBBenutzerEinstellungen::seperatorCommaChanged,
                      [&](bool value) { commaSeen.push_back(value); });
     QObject::connect(settings.get(), &QBBenutzerEinstellungen::seperatorSemikolonChanged,
                      [&](bool value) { semikolonSeen.push_back(value); });
-
     settings->setSeperatorSemikolon(false);
     EXPECT_TRUE(settings->seperatorComma());
     EXPECT_EQ(aufPlatte("seperatorComma"), "true");
-
     settings->setSeperatorSemikolon(true);
     EXPECT_FALSE(settings->seperatorComma());
     EXPECT_EQ(aufPlatte("seperatorComma"), "false");
-
     settings->setSeperatorComma(true); // the plain setter notifies both views but does not save
     EXPECT_FALSE(settings->seperatorSemikolon());
     EXPECT_EQ(aufPlatte("seperatorComma"), "false");
-
     EXPECT_EQ(commaSeen, (std::vector<bool>{true, false, true}));
     EXPECT_EQ(semikolonSeen, (std::vector<bool>{false, true, false}));
     EXPECT_EQ(aufPlatte("seperatorSemikolon"), "<missing>");
@@ -218,58 +173,47 @@ TEST_F(QBBenutzerEinstellungenTest, SeparatorViewsNotifyEachOtherAndSemikolonSav
 TEST_F(QBBenutzerEinstellungenTest, NeueDokumentenNummerCountsFromTheWholePartAndSavesEachStep)
 {
     {
-        const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
-        EXPECT_EQ(text(settings->neueDokumentenNummer()), "1");
-        EXPECT_EQ(text(settings->neueDokumentenNummer()), "2");
+        const auto settings = laden();
+        EXPECT_EQ(settings->neueDokumentenNummer().toString(), "1");
+        EXPECT_EQ(settings->neueDokumentenNummer().toString(), "2");
         EXPECT_EQ(aufPlatte("dokumentenNummerSequence"), "2");
     }
-    EXPECT_EQ(text(QBBenutzerEinstellungen::withSettingsFile(path())->dokumentenNummerSequence()), "2");
-
-    const auto settings = QBBenutzerEinstellungen::withSettingsFile(path());
+    const auto settings = laden();
+    EXPECT_EQ(settings->dokumentenNummerSequence().toString(), "2");
     settings->setDokumentenNummerSequence(*Decimal::parse("7.9"));
-    EXPECT_EQ(text(settings->neueDokumentenNummer()), "8");
-    // The next number after the largest 32-bit value is computed in decimals, without wrapping.
+    EXPECT_EQ(settings->neueDokumentenNummer().toString(), "8");
+    // Computed in decimals: no wrap after the largest 32-bit value.
     settings->setDokumentenNummerSequence(2147483647);
-    EXPECT_EQ(text(settings->neueDokumentenNummer()), "2147483648");
+    EXPECT_EQ(settings->neueDokumentenNummer().toString(), "2147483648");
     EXPECT_EQ(aufPlatte("dokumentenNummerSequence"), "2147483648");
 }
 
 TEST_F(QBBenutzerEinstellungenTest, SaveRoundTripsEveryStoredPropertyExactly)
 {
-    const auto written = QBBenutzerEinstellungen::withSettingsFile(path());
+    const auto written = laden();
     const QMetaObject &meta = QBBenutzerEinstellungen::staticMetaObject;
     // 38 significant digits: a value that went through double would come back changed.
     const Decimal base = *Decimal::parse("1234567890123456789.0123456789012345678");
-    std::map<QString, QVariant> values;
-    int stored = 0;
+    std::map<const char *, std::string> values;
     for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
         const QMetaProperty property = meta.property(i);
         if (!property.isStored())
             continue;
-        ++stored;
-        QVariant value;
+        QVariant value = QStringLiteral("3.13 (Build 7; \"beta\")");
         if (property.metaType() == QMetaType::fromType<bool>())
             value = !property.read(written.get()).toBool();
         else if (property.metaType() == QMetaType::fromType<Decimal>())
             value = QVariant::fromValue(base + Decimal(i));
         else if (property.metaType() == QMetaType::fromType<int>())
             value = 300 + i;
-        else
-            value = QStringLiteral("3.13 (Build 7; \"beta\")");
         ASSERT_TRUE(property.write(written.get(), value)) << property.name();
-        values[QString::fromLatin1(property.name())] = value;
+        values[property.name()] = wert(*written, property.name());
     }
-    EXPECT_EQ(stored, 23);
+    EXPECT_EQ(values.size(), 23u);
     written->sichereBenutzerEinstellungen();
-
-    const auto read = QBBenutzerEinstellungen::withSettingsFile(path());
-    for (const auto &[name, value] : values) {
-        const QVariant loaded = read->property(name.toLatin1().constData());
-        if (value.metaType() == QMetaType::fromType<Decimal>())
-            EXPECT_EQ(text(loaded.value<Decimal>()), text(value.value<Decimal>())) << name.toStdString();
-        else
-            EXPECT_EQ(loaded, value) << name.toStdString();
-    }
+    const auto read = laden();
+    for (const auto &[name, value] : values)
+        EXPECT_EQ(wert(*read, name), value) << name;
 }
 
 TEST(QBBenutzerEinstellungenShared, ConcurrentFirstCallsShareOneObjectOnTheMainThread)
@@ -278,26 +222,21 @@ TEST(QBBenutzerEinstellungenShared, ConcurrentFirstCallsShareOneObjectOnTheMainT
     std::vector<QBBenutzerEinstellungen *> seen(kThreads, nullptr);
     std::latch start(kThreads);
     std::vector<std::thread> threads;
-    for (int i = 0; i < kThreads; ++i) {
+    for (int i = 0; i < kThreads; ++i)
         threads.emplace_back([&, i] {
             start.arrive_and_wait();
             seen[i] = QBBenutzerEinstellungen::sharedInstance();
         });
-    }
     for (std::thread &thread : threads)
         thread.join();
-
     QBBenutzerEinstellungen *const shared = QBBenutzerEinstellungen::sharedInstance();
     ASSERT_NE(shared, nullptr);
-    for (QBBenutzerEinstellungen *each : seen)
-        EXPECT_EQ(each, shared);
+    EXPECT_EQ(seen, std::vector<QBBenutzerEinstellungen *>(kThreads, shared));
     EXPECT_EQ(shared->thread(), QThread::currentThread());
-    const QString expectedFile =
-        qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Velmora/Velmora-Rechnungen.conf");
+    const QString expectedFile = qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Velmora/Velmora-Rechnungen.conf");
     EXPECT_EQ(shared->settingsFilePath(), expectedFile);
     QFile file(expectedFile);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().contains("\nbackgroundColorRechnungen=43\n"));
 }
-
 } // namespace
