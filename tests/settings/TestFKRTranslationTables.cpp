@@ -1,3 +1,5 @@
+// The German and English tables are data that nobody compiles against: what the program asks
+// for must really be in them, in both languages, complete, and compiled into the program.
 #include "FKRLocalizationHelper.h"
 
 #include <QDirIterator>
@@ -16,25 +18,18 @@ using namespace Qt::Literals::StringLiterals;
 
 inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
 
-// The German and English tables are data that nobody compiles against: these tests make sure
-// that what the program asks for is really in them, in both languages, and complete.
-
 namespace {
-
-struct Eintrag
-{
+struct Eintrag {
     QString text;
     bool fertig = true;
 };
 using Tabelle = QMap<QString, Eintrag>;
 
-const QString kNurDeutsch = QStringLiteral("PRUEFTEXT_NUR_DEUTSCH");
-
-Tabelle leseTabelle(const QString &name)
+Tabelle leseTabelle(const char *name)
 {
     Tabelle tabelle;
-    QFile file(QStringLiteral(VELMORA_SOURCE_DIR "/resources/translations/") + name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    QFile file(QStringLiteral(VELMORA_SOURCE_DIR "/resources/translations/") + QLatin1String(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
     QXmlStreamReader xml(&file);
     QString context, source;
     while (xml.readNext() != QXmlStreamReader::EndDocument && !xml.hasError()) {
@@ -46,26 +41,24 @@ Tabelle leseTabelle(const QString &name)
             source = xml.readElementText();
         } else if (xml.name() == u"translation") {
             EXPECT_EQ(context, FKRLocalizationHelper::kContext) << source.toStdString();
-            Eintrag eintrag;
-            eintrag.fertig = xml.attributes().value(QStringLiteral("type")).isEmpty();
-            eintrag.text = xml.readElementText();
             EXPECT_FALSE(tabelle.contains(source)) << "twice: " << source.toStdString();
-            tabelle.insert(source, eintrag);
+            const bool fertig = xml.attributes().value(QStringLiteral("type")).isEmpty();
+            tabelle.insert(source, {xml.readElementText(), fertig});
         }
     }
-    EXPECT_FALSE(xml.hasError()) << name.toStdString() << ": " << xml.errorString().toStdString();
+    EXPECT_FALSE(xml.hasError()) << name << ": " << xml.errorString().toStdString();
     return tabelle;
 }
 
 const Tabelle &deutsch()
 {
-    static const Tabelle tabelle = leseTabelle(QStringLiteral("velmora_de.ts"));
+    static const Tabelle tabelle = leseTabelle("velmora_de.ts");
     return tabelle;
 }
 
 const Tabelle &englisch()
 {
-    static const Tabelle tabelle = leseTabelle(QStringLiteral("velmora_en.ts"));
+    static const Tabelle tabelle = leseTabelle("velmora_en.ts");
     return tabelle;
 }
 
@@ -81,31 +74,9 @@ QSet<QString> schluesselIn(const QString &code)
         uR"re(\s*(?:(?:QStringLiteral|QLatin1String|QLatin1StringView|QString::fromUtf8)\s*\(\s*)?)re"
         uR"re((?:u8|u|L)?"((?:[^"\\\n]|\\.)*)")re"_s);
     QSet<QString> keys;
-    for (auto it = aufruf.globalMatch(code); it.hasNext();) {
-        QString key = it.next().captured(1);
-        key.replace(QStringLiteral("\\\""), QStringLiteral("\"")).replace(QStringLiteral("\\\\"), QStringLiteral("\\"));
-        keys.insert(key);
-    }
+    for (auto it = aufruf.globalMatch(code); it.hasNext();)
+        keys.insert(it.next().captured(1).replace(u"\\\""_s, u"\""_s).replace(u"\\\\"_s, u"\\"_s));
     return keys;
-}
-
-QMap<QString, QString> schluesselImQuelltext()
-{
-    QMap<QString, QString> fundstellen; // key -> first file that uses it
-    int dateien = 0;
-    QDirIterator it(QStringLiteral(VELMORA_SOURCE_DIR "/src"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
-                    QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        QFile file(it.next());
-        if (!file.open(QIODevice::ReadOnly))
-            continue;
-        ++dateien;
-        for (const QString &key : schluesselIn(QString::fromUtf8(file.readAll())))
-            if (!fundstellen.contains(key))
-                fundstellen.insert(key, it.filePath());
-    }
-    EXPECT_GT(dateien, 0) << "no sources found below " VELMORA_SOURCE_DIR "/src";
-    return fundstellen;
 }
 
 QSet<QString> platzhalter(const QString &text)
@@ -118,8 +89,6 @@ QSet<QString> platzhalter(const QString &text)
 }
 
 std::string s(const QString &text) { return text.toStdString(); }
-
-} // namespace
 
 TEST(TranslationTables, FindsKeysInEveryLiteralFormTheCodeUses)
 {
@@ -136,57 +105,52 @@ TEST(TranslationTables, FindsKeysInEveryLiteralFormTheCodeUses)
         i = lokalisierterText(key, 2); j = attr("no"); k = QCoreApplication::translate("Other", "no");
         l = lokalisierterText("Sag \"Hallo\"", 1);
     )code");
-    const QSet<QString> expected{u"Rechnung:"_s,    u" Neuer Empfänger"_s, u"ALERT_TEXT_DELETE"_s,
-                                 u"Fällig am"_s,    u"Kopie"_s,            u"BUTTON_TITLE_OK"_s,
-                                 u"Mahnung für: "_s, u"Angebot:"_s,         u"Sag \"Hallo\""_s};
-    EXPECT_EQ(schluesselIn(code), expected);
+    EXPECT_EQ(schluesselIn(code), (QSet<QString>{u"Rechnung:"_s, u" Neuer Empfänger"_s, u"ALERT_TEXT_DELETE"_s,
+                                                 u"Fällig am"_s, u"Kopie"_s, u"BUTTON_TITLE_OK"_s, u"Mahnung für: "_s,
+                                                 u"Angebot:"_s, u"Sag \"Hallo\""_s}));
 }
 
 TEST(TranslationTables, EveryKeyTheCodeUsesIsInBothTables)
 {
-    const QMap<QString, QString> used = schluesselImQuelltext();
-    for (auto it = used.cbegin(); it != used.cend(); ++it) {
-        const std::string where = '"' + s(it.key()) + "\" used in " + s(it.value());
-        EXPECT_TRUE(deutsch().contains(it.key())) << "German table lacks " << where;
-        EXPECT_TRUE(englisch().contains(it.key())) << "English table lacks " << where;
+    int dateien = 0;
+    QDirIterator it(QStringLiteral(VELMORA_SOURCE_DIR "/src"), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        QFile file(it.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        ++dateien;
+        for (const QString &key : schluesselIn(QString::fromUtf8(file.readAll()))) {
+            EXPECT_TRUE(deutsch().contains(key)) << "German table lacks \"" << s(key) << "\" used in " << s(it.filePath());
+            EXPECT_TRUE(englisch().contains(key)) << "English table lacks \"" << s(key) << "\" used in " << s(it.filePath());
+        }
     }
+    EXPECT_GT(dateien, 0);
 }
 
-TEST(TranslationTables, BothTablesHaveTheSameKeysAndEveryEntryIsFinished)
+TEST(TranslationTables, BothTablesHaveTheSameFinishedKeysWithTheBlanksAndPlaceholdersTheirCallersRelyOn)
 {
     ASSERT_GT(englisch().size(), 100);
+    static const QRegularExpression printfStil(uR"(%@|%\d*\$?[sd])"_s);
+    QSet<QString> nurDeutsch(deutsch().keyBegin(), deutsch().keyEnd()), nurEnglisch;
     for (const auto &[tabelle, name] : {std::pair{&deutsch(), "German"}, std::pair{&englisch(), "English"}}) {
         for (auto it = tabelle->cbegin(); it != tabelle->cend(); ++it) {
-            EXPECT_TRUE(it->fertig) << name << " entry unfinished: " << s(it.key());
-            EXPECT_FALSE(it->text.trimmed().isEmpty()) << name << " entry empty: " << s(it.key());
-        }
-    }
-    QSet<QString> nurDeutsch(deutsch().keyBegin(), deutsch().keyEnd());
-    QSet<QString> nurEnglisch(englisch().keyBegin(), englisch().keyEnd());
-    const QSet<QString> beide = nurDeutsch & nurEnglisch;
-    nurDeutsch -= beide;
-    nurEnglisch -= beide;
-    EXPECT_EQ(nurDeutsch, QSet<QString>{kNurDeutsch}) << "German only: " << s(nurDeutsch.values().join(u" | "));
-    EXPECT_TRUE(nurEnglisch.isEmpty()) << "English only: " << s(nurEnglisch.values().join(u" | "));
-}
-
-TEST(TranslationTables, TextsKeepTheBlanksAndPlaceholdersTheirCallersRelyOn)
-{
-    static const QRegularExpression printfStil(uR"(%@|%\d*\$?[sd])"_s);
-    for (auto it = englisch().cbegin(); it != englisch().cend(); ++it) {
-        const QString &key = it.key();
-        for (const QString &text : {deutsch().value(key).text, it->text}) {
+            const QString &key = it.key(), &text = it->text;
+            SCOPED_TRACE(std::string(name) + ": " + s(key) + " -> \"" + s(text) + '"');
+            EXPECT_TRUE(it->fertig);
+            EXPECT_FALSE(text.trimmed().isEmpty());
             // Keys are joined with numbers, dates and names without added characters.
-            if (key.startsWith(u' ')) {
-                EXPECT_TRUE(text.startsWith(u' ')) << s(key) << " -> \"" << s(text) << '"';
+            EXPECT_TRUE(!key.startsWith(u' ') || text.startsWith(u' '));
+            EXPECT_TRUE(!key.endsWith(u' ') || text.endsWith(u' '));
+            EXPECT_FALSE(printfStil.match(text).hasMatch());
+            if (tabelle == &englisch()) {
+                if (!nurDeutsch.remove(key))
+                    nurEnglisch << key;
+                EXPECT_EQ(platzhalter(deutsch().value(key).text), platzhalter(text));
             }
-            if (key.endsWith(u' ')) {
-                EXPECT_TRUE(text.endsWith(u' ')) << s(key) << " -> \"" << s(text) << '"';
-            }
-            EXPECT_FALSE(printfStil.match(text).hasMatch()) << s(key) << " uses printf placeholders: " << s(text);
         }
-        EXPECT_EQ(platzhalter(deutsch().value(key).text), platzhalter(it->text)) << s(key);
     }
+    EXPECT_EQ(nurDeutsch, QSet<QString>{u"PRUEFTEXT_NUR_DEUTSCH"_s}) << s(nurDeutsch.values().join(u" | "));
+    EXPECT_TRUE(nurEnglisch.isEmpty()) << s(nurEnglisch.values().join(u" | "));
     for (const char *key : {"PDF_EXPORT_SEITENNUMMER", "Kopie", "für: ", "ist fällig!"})
         for (const Tabelle *tabelle : {&deutsch(), &englisch()})
             EXPECT_TRUE(tabelle->value(QString::fromUtf8(key)).text.contains(u' ')) << key;
@@ -194,22 +158,19 @@ TEST(TranslationTables, TextsKeepTheBlanksAndPlaceholdersTheirCallersRelyOn)
 
 TEST(TranslationTables, CashDiscountSentenceTakesItsFourArgumentsInOrder)
 {
-    const QSet<QString> vier{u"%1"_s, u"%2"_s, u"%3"_s, u"%4"_s};
-    EXPECT_EQ(platzhalter(deutsch().value(u"HTML_TOKEN_SKONTO_SATZ"_s).text), vier);
-
-    const QString de = FKRLocalizationHelper::lokalisierterText(u"HTML_TOKEN_SKONTO_SATZ"_s, 1)
-                           .arg(u"26.11.2026"_s, u"2,00"_s, u"€ 2,26"_s, u"€ 110,79"_s);
-    EXPECT_EQ(de, u"Bei Zahlung bis zum 26.11.2026 können 2,00% Skonto (€ 2,26) abgezogen werden; "
-                  u"der Zahlbetrag beträgt dann € 110,79."_s);
-    const QString en = FKRLocalizationHelper::lokalisierterText(u"HTML_TOKEN_SKONTO_SATZ"_s, 2)
-                           .arg(u"Nov 26, 2026"_s, u"2.00"_s, u"€ 2.26"_s, u"€ 110.79"_s);
-    EXPECT_EQ(en, u"If paid by Nov 26, 2026, a cash discount of 2.00% (€ 2.26) may be deducted; "
-                  u"the amount payable is then € 110.79."_s);
+    EXPECT_EQ(platzhalter(deutsch().value(u"HTML_TOKEN_SKONTO_SATZ"_s).text), (QSet{u"%1"_s, u"%2"_s, u"%3"_s, u"%4"_s}));
+    EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(u"HTML_TOKEN_SKONTO_SATZ"_s, 1)
+                  .arg(u"26.11.2026"_s, u"2,00"_s, u"€ 2,26"_s, u"€ 110,79"_s),
+              u"Bei Zahlung bis zum 26.11.2026 können 2,00% Skonto (€ 2,26) abgezogen werden; "
+              u"der Zahlbetrag beträgt dann € 110,79."_s);
+    EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(u"HTML_TOKEN_SKONTO_SATZ"_s, 2)
+                  .arg(u"Nov 26, 2026"_s, u"2.00"_s, u"€ 2.26"_s, u"€ 110.79"_s),
+              u"If paid by Nov 26, 2026, a cash discount of 2.00% (€ 2.26) may be deducted; "
+              u"the amount payable is then € 110.79."_s);
 }
 
 TEST(TranslationTables, CompiledTablesCarryEveryEntry)
 {
-    // Proves that the build compiled the current sources and embedded them into the program.
     const QLocale saved;
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     FKRLocalizationHelper::installiereHauptTabelle();
@@ -222,3 +183,4 @@ TEST(TranslationTables, CompiledTablesCarryEveryEntry)
     QLocale::setDefault(saved);
     FKRLocalizationHelper::installiereHauptTabelle();
 }
+} // namespace
