@@ -18,8 +18,9 @@ using namespace Qt::Literals::StringLiterals;
 inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
 
 namespace {
+constexpr auto kMedium = DateStyle::Medium, kNone = DateStyle::None, kShort = DateStyle::Short;
 
-// Each test may switch the user's language; the German default comes back afterwards.
+// Each test may switch the user's language and zone; both come back afterwards.
 class UserLanguage : public ::testing::Test
 {
 protected:
@@ -27,23 +28,17 @@ protected:
     {
         QLocale::setDefault(saved);
         FKRLocalizationHelper::installiereHauptTabelle();
-        if (hadZone)
-            qputenv("TZ", savedZone);
-        else
-            qunsetenv("TZ");
+        hadZone ? qputenv("TZ", savedZone) : qunsetenv("TZ");
     }
-
-    static void useLocale(QLocale::Language language, QLocale::Territory territory = QLocale::AnyTerritory)
+    static void useLocale(const char *name)
     {
-        QLocale::setDefault(QLocale(language, territory));
+        QLocale::setDefault(QLocale(QString::fromLatin1(name)));
         FKRLocalizationHelper::installiereHauptTabelle();
     }
-
     static QString text(const char *key, std::optional<int> sprache)
     {
         return FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(key), sprache);
     }
-
     static QString datum(const QDateTime &date, DateStyle dateStyle, DateStyle timeStyle, std::optional<int> sprache)
     {
         return FKRLocalizationHelper::lokalisiertesDatum(date, dateStyle, timeStyle, sprache);
@@ -59,78 +54,60 @@ QDateTime berlin(int day, int hour, int minute)
     return QDateTime(QDate(2026, 11, day), QTime(hour, minute), QTimeZone("Europe/Berlin"));
 }
 
-} // namespace
-
 using DocumentLanguage = UserLanguage;
 
-TEST_F(DocumentLanguage, GermanAndEnglishTablesWinWhateverTheUserSpeaks)
+// German (1) and English (2) documents use their table whatever the user speaks; a key missing
+// there falls back to the user's table, one missing everywhere comes back unchanged; an absent or
+// unknown language follows the user. The main table and the standard dialogs speak the user's
+// language, English for every language but German.
+TEST_F(DocumentLanguage, TextsComeFromTheDocumentsTableThenTheUsersThenTheKeyItself)
 {
-    for (const auto language : {QLocale::German, QLocale::English, QLocale::French}) {
-        useLocale(language);
-        SCOPED_TRACE(QLocale::languageToString(language).toStdString());
-        EXPECT_EQ(text("Rechnung:", 1), u"Rechnung:"_s);
-        EXPECT_EQ(text("Rechnung:", 2), u"Invoice:"_s);
-        EXPECT_EQ(text("PDF_EXPORT_SEITENNUMMER", 1), u"Seite "_s);
-        EXPECT_EQ(text(" Neuer Empfänger", 2), u" New recipient"_s);
+    const std::optional<int> ohne;
+    const struct {
+        const char *locale, *key;
+        std::optional<int> dokument;
+        QString text;
+    } faelle[] = {
+        {"fr", "Rechnung:", 1, u"Rechnung:"_s}, {"fr", "Rechnung:", 2, u"Invoice:"_s},
+        {"en", "PDF_EXPORT_SEITENNUMMER", 1, u"Seite "_s}, {"de", " Neuer Empfänger", 2, u" New recipient"_s},
+        {"de_DE", "PRUEFTEXT_NUR_DEUTSCH", 2, u"Nur im deutschen Katalog"_s},
+        {"en_US", "PRUEFTEXT_NUR_DEUTSCH", 2, u"PRUEFTEXT_NUR_DEUTSCH"_s},
+        {"en_US", "PRUEFTEXT_NUR_DEUTSCH", 1, u"Nur im deutschen Katalog"_s}, {"en_GB", "Angebot:", ohne, u"Quote:"_s},
+        {"en_GB", "Angebot:", 0, u"Quote:"_s}, {"en_GB", "Angebot:", 3, u"Quote:"_s}, {"de_AT", "Angebot:", 3, u"Angebot:"_s},
+        {"de", "KEIN_SCHLUESSEL_Ä", 1, u"KEIN_SCHLUESSEL_Ä"_s}, {"en", "KEIN_SCHLUESSEL_Ä", 2, u"KEIN_SCHLUESSEL_Ä"_s},
+        {"en", "KEIN_SCHLUESSEL_Ä", ohne, u"KEIN_SCHLUESSEL_Ä"_s},
+    };
+    for (const auto &fall : faelle) {
+        useLocale(fall.locale);
+        EXPECT_EQ(text(fall.key, fall.dokument), fall.text) << fall.locale << " " << fall.key << " " << fall.dokument.value_or(-1);
     }
-}
-
-TEST_F(DocumentLanguage, KeyMissingFromTheDocumentTableFallsBackToTheUserLanguage)
-{
-    // This key is kept in the German table only.
-    useLocale(QLocale::German, QLocale::Germany);
-    EXPECT_EQ(text("PRUEFTEXT_NUR_DEUTSCH", 2), u"Nur im deutschen Katalog"_s);
-    useLocale(QLocale::English, QLocale::UnitedStates);
-    EXPECT_EQ(text("PRUEFTEXT_NUR_DEUTSCH", 2), u"PRUEFTEXT_NUR_DEUTSCH"_s);
-    EXPECT_EQ(text("PRUEFTEXT_NUR_DEUTSCH", 1), u"Nur im deutschen Katalog"_s);
-}
-
-TEST_F(DocumentLanguage, AbsentOrUnknownLanguageFollowsTheUserAndReinstallingSwitchesIt)
-{
-    useLocale(QLocale::English, QLocale::UnitedKingdom);
-    for (const std::optional<int> sprache : {std::optional<int>(), std::optional<int>(0), std::optional<int>(3)})
-        EXPECT_EQ(text("Angebot:", sprache), u"Quote:"_s);
-    EXPECT_EQ(QCoreApplication::translate(FKRLocalizationHelper::kContext, "BUTTON_TITLE_CLOSE"), u"Close"_s);
-    // The standard dialogs speak the user's language too.
-    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), u"Look in:"_s);
-
-    useLocale(QLocale::German, QLocale::Austria);
-    EXPECT_EQ(text("Angebot:", 3), u"Angebot:"_s);
-    EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(u"BUTTON_TITLE_CLOSE"_s), u"Schließen"_s);
-    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), u"Suchen in:"_s);
-
-    // Every language other than German gets the English table.
-    useLocale(QLocale::French, QLocale::France);
-    EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(u"WOCHENTAG_MONTAG"_s), u"Monday"_s);
-    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), u"Look in:"_s);
-}
-
-TEST_F(DocumentLanguage, KeyMissingEverywhereComesBackUnchanged)
-{
-    for (const auto language : {QLocale::German, QLocale::English}) {
-        useLocale(language);
-        for (const std::optional<int> sprache : {std::optional<int>(1), std::optional<int>(2), std::optional<int>()})
-            EXPECT_EQ(text("KEIN_SCHLUESSEL_Ä", sprache), u"KEIN_SCHLUESSEL_Ä"_s);
+    const struct {
+        const char *locale, *key;
+        QString text, dialog;
+    } haupt[] = {{"en_GB", "BUTTON_TITLE_CLOSE", u"Close"_s, u"Look in:"_s},
+                 {"de_AT", "BUTTON_TITLE_CLOSE", u"Schließen"_s, u"Suchen in:"_s},
+                 {"fr_FR", "WOCHENTAG_MONTAG", u"Monday"_s, u"Look in:"_s}};
+    for (const auto &fall : haupt) {
+        useLocale(fall.locale);
+        EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(QString::fromLatin1(fall.key)), fall.text);
+        EXPECT_EQ(QCoreApplication::translate(FKRLocalizationHelper::kContext, fall.key), fall.text);
+        EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), fall.dialog);
     }
 }
 
 TEST(DocumentLanguageTables, ConcurrentFirstUseGivesEveryThreadTheFullTables)
 {
     // ctest runs each test in its own process, so this is the very first use of the tables.
-    std::atomic<int> ready{0};
-    std::atomic<int> wrong{0};
+    std::atomic<int> ready{0}, wrong{0};
     std::vector<std::thread> threads;
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([&, t] {
             ++ready;
             while (ready.load() < 4) {
             }
-            const int sprache = t % 2 + 1;
-            const QString expected = sprache == 1 ? u"Mahnung:"_s : u"Reminder:"_s;
-            for (int i = 0; i < 200; ++i) {
-                if (FKRLocalizationHelper::lokalisierterText(u"Mahnung:"_s, sprache) != expected)
-                    ++wrong;
-            }
+            const QString expected = t % 2 ? u"Reminder:"_s : u"Mahnung:"_s;
+            for (int i = 0; i < 200; ++i)
+                wrong += FKRLocalizationHelper::lokalisierterText(u"Mahnung:"_s, t % 2 + 1) != expected;
         });
     }
     for (auto &thread : threads)
@@ -140,44 +117,36 @@ TEST(DocumentLanguageTables, ConcurrentFirstUseGivesEveryThreadTheFullTables)
 
 using DocumentDates = UserLanguage;
 
-TEST_F(DocumentDates, DocumentLanguageDecidesTheLocaleAndTheStylesAreHonoured)
+// The document's language decides the locale, else the user's at call time; the day is the one
+// of the zone in force at call time (23:30 in Berlin is the 16th in New York, the 17th in Tokyo).
+TEST_F(DocumentDates, LanguageStylesAndZoneAtCallTimeDecide)
 {
-    useLocale(QLocale::French, QLocale::France);
-    const QDateTime date = berlin(16, 12, 0);
-    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, 1), u"16.11.2026"_s);
-    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, 2), u"Nov 16, 2026"_s);
-    EXPECT_EQ(datum(date, DateStyle::Short, DateStyle::Short, 1), u"16.11.26, 12:00"_s);
-    EXPECT_EQ(datum(date, DateStyle::None, DateStyle::Short, 1), u"12:00"_s);
-    EXPECT_EQ(datum(date, DateStyle::Long, DateStyle::None, 1), u"16. November 2026"_s);
-    EXPECT_EQ(datum(date, DateStyle::Full, DateStyle::None, 2), u"Monday, November 16, 2026"_s);
+    const QDateTime mittag = berlin(16, 12, 0), nacht = berlin(16, 23, 30);
+    const struct {
+        const char *locale;
+        QDateTime datum;
+        DateStyle tag, zeit;
+        std::optional<int> dokument;
+        QString text;
+        const char *zone = "Europe/Berlin";
+    } faelle[] = {
+        {"fr_FR", mittag, kMedium, kNone, 1, u"16.11.2026"_s}, {"fr_FR", mittag, kMedium, kNone, 2, u"Nov 16, 2026"_s},
+        {"fr_FR", mittag, kShort, kShort, 1, u"16.11.26, 12:00"_s}, {"fr_FR", mittag, kNone, kShort, 1, u"12:00"_s},
+        {"fr_FR", mittag, DateStyle::Long, kNone, 1, u"16. November 2026"_s},
+        {"fr_FR", mittag, DateStyle::Full, kNone, 2, u"Monday, November 16, 2026"_s},
+        {"en_US", mittag, kMedium, kNone, std::nullopt, u"Nov 16, 2026"_s}, {"de_DE", mittag, kMedium, kNone, 3, u"16.11.2026"_s},
+        {"en_GB", mittag, kMedium, kNone, std::nullopt, u"16 Nov 2026"_s},
+        {"de_DE", nacht, kMedium, kShort, 1, u"16.11.2026, 23:30"_s},
+        {"de_DE", nacht, kMedium, kShort, 1, u"16.11.2026, 17:30"_s, "America/New_York"},
+        {"de_DE", nacht.toUTC(), kMedium, kShort, 1, u"17.11.2026, 07:30"_s, "Asia/Tokyo"},
+        {"de_DE", QDateTime(), kMedium, kNone, 1, QString()}, // nothing to print: the empty text
+        {"de_DE", QDateTime(QDate(2026, 2, 30), QTime(10, 0)), kMedium, kNone, 2, QString()},
+        {"de_DE", mittag, kNone, kNone, 1, QString()},
+    };
+    for (const auto &fall : faelle) {
+        useLocale(fall.locale);
+        setenv("TZ", fall.zone, 1);
+        EXPECT_EQ(datum(fall.datum, fall.tag, fall.zeit, fall.dokument), fall.text) << &fall - faelle;
+    }
 }
-
-TEST_F(DocumentDates, AbsentOrUnknownLanguageUsesTheUserLocaleAtCallTime)
-{
-    const QDateTime date = berlin(16, 12, 0);
-    useLocale(QLocale::English, QLocale::UnitedStates);
-    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, std::nullopt), u"Nov 16, 2026"_s);
-    useLocale(QLocale::German, QLocale::Germany);
-    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, 3), u"16.11.2026"_s);
-    useLocale(QLocale::English, QLocale::UnitedKingdom);
-    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::None, std::nullopt), u"16 Nov 2026"_s);
-}
-
-TEST_F(DocumentDates, DayFollowsTheTimeZoneInForceAtCallTime)
-{
-    // 23:30 in Berlin is still the 16th in New York and already the 17th in Tokyo.
-    const QDateTime date = berlin(16, 23, 30);
-    setenv("TZ", "Europe/Berlin", 1);
-    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::Short, 1), u"16.11.2026, 23:30"_s);
-    setenv("TZ", "America/New_York", 1);
-    EXPECT_EQ(datum(date, DateStyle::Medium, DateStyle::Short, 1), u"16.11.2026, 17:30"_s);
-    setenv("TZ", "Asia/Tokyo", 1);
-    EXPECT_EQ(datum(date.toUTC(), DateStyle::Medium, DateStyle::Short, 1), u"17.11.2026, 07:30"_s);
-}
-
-TEST_F(DocumentDates, NothingToPrintGivesTheEmptyText)
-{
-    EXPECT_EQ(datum(QDateTime(), DateStyle::Medium, DateStyle::None, 1), QString());
-    EXPECT_EQ(datum(QDateTime(QDate(2026, 2, 30), QTime(10, 0)), DateStyle::Medium, DateStyle::None, 2), QString());
-    EXPECT_EQ(datum(berlin(16, 12, 0), DateStyle::None, DateStyle::None, 1), QString());
-}
+} // namespace
