@@ -6,13 +6,11 @@
 #include "FKRFensterSchicht.h"
 #include "FKRSyncKoordinator.h"
 #include "ManagedObjectContext.h"
+#include "harness/Prozesse.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
-#include <QThread>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -41,14 +39,7 @@ private:
 // Runs the event loop until `bedingung` holds or `ms` have passed; returns whether it holds.
 inline bool warteBis(const std::function<bool()> &bedingung, int ms = 10000)
 {
-    QDeadlineTimer frist(ms);
-    while (!bedingung()) {
-        if (frist.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(1);
-    }
-    return true;
+    return harness::warteBis(bedingung, ms);
 }
 
 struct FensterAttrappe : FKRFensterSchicht {

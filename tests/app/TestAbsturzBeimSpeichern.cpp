@@ -1,12 +1,20 @@
 #include "AppTestSupport.h"
 #include "../model/StoreTestSupport.h"
 
-#include <QProcess>
 #include <QRandomGenerator>
 
 using namespace apptest;
 
 namespace {
+
+// The last save the child reported as returned ("gespeichert N" lines), or `bisher`.
+qint64 letzteMeldung(const QByteArray &ausgabe, qint64 bisher)
+{
+    for (const QByteArray &zeile : ausgabe.split('\n'))
+        if (zeile.startsWith("gespeichert "))
+            bisher = zeile.mid(12).toLongLong();
+    return bisher;
+}
 
 // The program is killed without warning (power cut, SIGKILL) while it saves one document after
 // the other. Every save that returned must be in the store, and the store must open.
@@ -15,33 +23,18 @@ TEST(AbsturzBeimSpeichern, JederZurueckgekehrteSpeichervorgangUeberlebtSIGKILL)
     DatenHeimat heimat;
     qint64 gemeldet = 0;
     for (int runde = 0; runde < 4; ++runde) {
-        QProcess kind;
-        kind.setProgram(QStringLiteral(VELMORA_BINARY_DIR "/tests/velmora_test_speicherkind"));
-        kind.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        kind.start();
-        ASSERT_TRUE(kind.waitForStarted(5000));
+        const auto kind = harness::starteKind(QStringLiteral(VELMORA_BINARY_DIR "/tests/velmora_test_speicherkind"), {});
         // Let it save a varying number of times, then kill it while it is at it.
         const qint64 ziel = gemeldet + 5 + QRandomGenerator::global()->bounded(25);
         QByteArray ausgabe;
-        while (gemeldet < ziel) {
-            ASSERT_TRUE(kind.waitForReadyRead(10000)) << "the child stopped saving";
-            ausgabe += kind.readAllStandardOutput();
-            qsizetype zeile;
-            while ((zeile = ausgabe.indexOf('\n')) >= 0) {
-                const QByteArray text = ausgabe.left(zeile);
-                ausgabe.remove(0, zeile + 1);
-                ASSERT_TRUE(text.startsWith("gespeichert ")) << text.constData();
-                gemeldet = text.mid(12).toLongLong();
-            }
-        }
+        while (letzteMeldung(ausgabe.left(ausgabe.lastIndexOf('\n') + 1), gemeldet) < ziel)
+            ASSERT_TRUE(kind->waitForReadyRead(10000) && !(ausgabe += kind->readAllStandardOutput()).isEmpty())
+                << "the child stopped saving: " << kind->readAllStandardError().constData();
         QThread::usleep(QRandomGenerator::global()->bounded(3000));
-        kind.kill();
-        ASSERT_TRUE(kind.waitForFinished(5000));
-        ausgabe += kind.readAllStandardOutput();
-        for (const QByteArray &text : ausgabe.split('\n')) {
-            if (text.startsWith("gespeichert "))
-                gemeldet = text.mid(12).toLongLong();
-        }
+        kind->kill();
+        ASSERT_TRUE(kind->waitForFinished(5000));
+        ausgabe += kind->readAllStandardOutput();
+        gemeldet = letzteMeldung(ausgabe.left(ausgabe.lastIndexOf('\n') + 1), gemeldet);
 
         storetest::OpenStore store(heimat.datenOrdner() + "/VelmoraRechnungen.storedata");
         const auto rechnungen = store.moc().fetch<FKRRechnung>();

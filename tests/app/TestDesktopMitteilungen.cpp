@@ -1,6 +1,6 @@
 // The program's side of the desktop notification service, against a real daemon (dunst) on a
 // private session bus and X server: closing, clicks, and a service that is gone for a while.
-#include "TestDesktopMitteilungenSitzung.h"
+#include "harness/DesktopSitzung.h"
 
 #include "FKRDesktopMitteilungen.h"
 #include "FKRLocalizationHelper.h"
@@ -10,8 +10,8 @@
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-using desktoptest::DesktopUmgebung;
-using desktoptest::warteBis;
+using harness::DesktopUmgebung;
+using harness::warteBis;
 
 DesktopUmgebung &umgebung = DesktopUmgebung::registriere();
 
@@ -91,7 +91,7 @@ TEST_F(DesktopMitteilungen, NurDerKlickAufEigeneMitteilungenZaehlt)
     // Another program's notification, and another action of ours, are not a click on ours.
     sendeAktion(id + 1000, u"default"_s);
     sendeAktion(id, u"andere"_s);
-    desktoptest::laufe(200);
+    harness::laufe(200);
     EXPECT_EQ(m_aktiviert, 0);
 
     // The user's click, through the daemon.
@@ -102,7 +102,7 @@ TEST_F(DesktopMitteilungen, NurDerKlickAufEigeneMitteilungenZaehlt)
     DesktopUmgebung::dunstctl({u"close"_s});
     EXPECT_TRUE(warteBis([this] { return m_mitteilungen->gezeigteIds().isEmpty(); }));
     sendeAktion(id, u"default"_s);
-    desktoptest::laufe(200);
+    harness::laufe(200);
     EXPECT_EQ(m_aktiviert, 1);
 }
 
@@ -110,12 +110,12 @@ TEST_F(DesktopMitteilungen, OhneDienstEineZeileImLogUndDanachGehtEsWeiter)
 {
     ASSERT_TRUE(umgebung.stoppeDunst());
     {
-        desktoptest::Warnungen warnungen;
+        harness::Warnungen warnungen;
         m_mitteilungen->zeige(u"Eins"_s, u"ins Leere"_s);
         m_mitteilungen->zeige(u"Zwei"_s, u"auch ins Leere"_s);
         EXPECT_TRUE(warteBis([&] { return !warnungen.zeilen().isEmpty(); }));
         m_mitteilungen->zeige(u"Drei"_s, u"wieder ins Leere"_s);
-        desktoptest::laufe(300);
+        harness::laufe(300);
         ASSERT_EQ(warnungen.zeilen().size(), 1) << warnungen.zeilen().join(u'\n').toStdString();
         EXPECT_TRUE(warnungen.zeilen().first().contains(u"notification service"_s));
         EXPECT_TRUE(m_gezeigt.isEmpty());

@@ -1,6 +1,6 @@
 // A desktop without a session bus (a bare X session, a container): the reminders say so once in
 // the log and the program goes on, schedule and all.
-#include "TestDesktopMitteilungenSitzung.h"
+#include "harness/DesktopSitzung.h"
 
 #include "FKRDesktopMitteilungen.h"
 #include "FKRFaelligkeitsMitteilungen.h"
@@ -45,7 +45,7 @@ TEST(MitteilungenOhneBus, EineZeileImLogUndDerPlanBleibt)
         return r;
     };
 
-    desktoptest::Warnungen warnungen;
+    harness::Warnungen warnungen;
     {
         FKRFaelligkeitsMitteilungen mitteilungen;
         int aktiviert = 0;
@@ -53,9 +53,9 @@ TEST(MitteilungenOhneBus, EineZeileImLogUndDerPlanBleibt)
         // One reminder is due right now and would be sent at once, the other waits.
         mitteilungen.pruefeFaelligeRechnungen({dokument(berlin(12, 8), QStringLiteral("jetzt")),
                                                dokument(berlin(14, 8), QStringLiteral("später"))});
-        desktoptest::laufe(200);
+        harness::laufe(200);
         mitteilungen.zeigeFaelligkeitsMitteilung(QStringLiteral("Titel"), QStringLiteral("noch eine"), berlin(12, 9));
-        desktoptest::laufe(100);
+        harness::laufe(100);
         mitteilungen.pruefeFaelligeRechnungen({dokument(berlin(15, 8), QStringLiteral("neu"))});
 
         ASSERT_EQ(mitteilungen.geplanteMitteilungen().size(), 1);

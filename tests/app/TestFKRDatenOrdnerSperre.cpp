@@ -7,18 +7,12 @@
 #include "FKRAppDelegate.h"
 #include "FKRDatenOrdnerSperre.h"
 
-#include <QFile>
-#include <QProcess>
 
 using namespace apptest;
 using namespace Qt::Literals::StringLiterals;
 using Ergebnis = FKRDatenOrdnerSperre::Ergebnis;
 
 namespace {
-
-struct ProzessEnde {
-    int status;
-};
 
 TEST(DatenOrdnerSperre, NurEinerHaeltSieUndKeinGestartetesProgrammErbtSie)
 {
@@ -30,13 +24,11 @@ TEST(DatenOrdnerSperre, NurEinerHaeltSieUndKeinGestartetesProgrammErbtSie)
     EXPECT_FALSE(zweite.gehalten());
 
     // A program started meanwhile outlives the holder's lock without holding it.
-    QProcess kind;
-    kind.start(u"sleep"_s, {u"10"_s});
-    ASSERT_TRUE(kind.waitForStarted(5000));
+    const auto kind = harness::starteKind(u"sleep"_s, {u"10"_s});
     erste.gibFrei();
     EXPECT_EQ(zweite.sperre(ordner.path()), Ergebnis::Gehalten);
-    kind.kill();
-    kind.waitForFinished(5000);
+    kind->kill();
+    kind->waitForFinished(5000);
 
     FKRDatenOrdnerSperre dritte;
     EXPECT_EQ(dritte.sperre(ordner.path() + u"/fehlt"_s), Ergebnis::Fehler);
@@ -49,26 +41,23 @@ TEST(DatenOrdnerSperre, ZweitesProgrammOeffnetDenStoreNichtUndEndetMitFehler)
 {
     DatenHeimat heimat;
     const QString kindProgramm = QStringLiteral(VELMORA_BINARY_DIR "/tests/velmora_test_speicherkind");
-    QProcess erster;
-    erster.start(kindProgramm, {u"--halten"_s});
-    ASSERT_TRUE(erster.waitForReadyRead(15000));
-    ASSERT_EQ(erster.readAllStandardOutput(), "offen\n") << erster.readAllStandardError().toStdString();
+    const auto erster = harness::starteKind(kindProgramm, {u"--halten"_s});
+    ASSERT_TRUE(erster->waitForReadyRead(15000));
+    ASSERT_EQ(erster->readAllStandardOutput(), "offen\n") << erster->readAllStandardError().toStdString();
 
-    QProcess zweiter;
-    zweiter.start(kindProgramm, {u"--halten"_s});
-    ASSERT_TRUE(zweiter.waitForFinished(15000));
-    EXPECT_EQ(zweiter.exitCode(), EXIT_FAILURE);
-    EXPECT_EQ(zweiter.readAllStandardOutput(), "") << "the store was not opened";
-    EXPECT_TRUE(zweiter.readAllStandardError().contains("alert ALERT_TEXT_DATENORDNER_BELEGT\n"));
+    const auto zweiter = harness::starteKind(kindProgramm, {u"--halten"_s});
+    ASSERT_TRUE(zweiter->waitForFinished(15000));
+    EXPECT_EQ(zweiter->exitCode(), EXIT_FAILURE);
+    EXPECT_EQ(zweiter->readAllStandardOutput(), "") << "the store was not opened";
+    EXPECT_TRUE(zweiter->readAllStandardError().contains("alert ALERT_TEXT_DATENORDNER_BELEGT\n"));
 
     // Nor does a restore put other store files in place under it.
     const QString archiv = heimat.pfad() + u"/alt.fks"_s;
     QFile(archiv).open(QIODevice::WriteOnly);
-    QProcess wiederherstellung;
-    wiederherstellung.start(QStringLiteral(VELMORA_BINARY_DIR "/src/cli/velmora-cli"), {u"restore"_s, archiv});
-    ASSERT_TRUE(wiederherstellung.waitForFinished(15000));
-    EXPECT_EQ(wiederherstellung.exitCode(), 1);
-    const QByteArray meldung = "\n" + wiederherstellung.readAllStandardError();
+    const auto restore = harness::starteKind(QStringLiteral(VELMORA_BINARY_DIR "/src/cli/velmora-cli"), {u"restore"_s, archiv});
+    ASSERT_TRUE(restore->waitForFinished(15000));
+    EXPECT_EQ(restore->exitCode(), 1);
+    const QByteArray meldung = "\n" + restore->readAllStandardError();
     EXPECT_TRUE(meldung.endsWith("\nvelmora-cli: Velmora Rechnungen is running (or another restore); quit it before "
                                  "restoring a backup\n")
                 && meldung.count("velmora-cli:") == 1)
@@ -92,9 +81,9 @@ TEST(DatenOrdnerSperre, ZweitesProgrammOeffnetDenStoreNichtUndEndetMitFehler)
         EXPECT_TRUE(presenter.fehler.isEmpty());
     }
 
-    erster.closeWriteChannel();
-    ASSERT_TRUE(erster.waitForFinished(15000));
-    EXPECT_EQ(erster.exitCode(), 0);
+    erster->closeWriteChannel();
+    ASSERT_TRUE(erster->waitForFinished(15000));
+    EXPECT_EQ(erster->exitCode(), 0);
     FKRAppDelegate delegate(presenter);
     EXPECT_NE(delegate.managedObjectContext(), nullptr);
     EXPECT_EQ(delegate.sperreDatenOrdner(), Ergebnis::Gehalten);

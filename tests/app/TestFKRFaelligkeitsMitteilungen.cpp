@@ -1,7 +1,7 @@
 // The reminders of unpaid documents: which are scheduled for when, with which texts, and what
 // a real notification daemon (dunst, on a private desktop) receives, closes and reports as
 // clicked. "Now" is a fixed moment (FKRUhr) in Europe/Berlin.
-#include "TestDesktopMitteilungenSitzung.h"
+#include "harness/DesktopSitzung.h"
 
 #include "FKREmpfaenger.h"
 #include "FKRFaelligkeitsMitteilungen.h"
@@ -21,8 +21,8 @@ inline void PrintTo(const QDateTime &date, std::ostream *out) { *out << date.toS
 
 namespace {
 
-using desktoptest::DesktopUmgebung;
-using desktoptest::warteBis;
+using harness::DesktopUmgebung;
+using harness::warteBis;
 
 DesktopUmgebung &umgebung = DesktopUmgebung::registriere();
 
@@ -163,7 +163,7 @@ TEST_F(FaelligkeitsMitteilungen, JederAufbauErsetztDenVorigenUndDieEinstellungSc
     EXPECT_TRUE(m_mitteilungen->geplanteMitteilungen().isEmpty());
     // Nothing is sent later either.
     FKRUhr::halteAn(berlin(5, 20, 14));
-    desktoptest::laufe(100);
+    harness::laufe(100);
     EXPECT_TRUE(umgebung.protokoll().isEmpty());
 }
 
@@ -178,7 +178,7 @@ TEST_F(FaelligkeitsMitteilungen, ErreichteErinnerungKommtBeimDienstAnWirdGeschlo
     EXPECT_EQ(texte().size(), 2);
 
     ASSERT_TRUE(warteBis([] { return umgebung.protokoll().size() == 1; }));
-    const desktoptest::Gezeigt gezeigt = umgebung.protokoll().first();
+    const harness::Gezeigt gezeigt = umgebung.protokoll().first();
     EXPECT_EQ(gezeigt.anwendung, QStringLiteral("Velmora Rechnungen"));
     EXPECT_EQ(gezeigt.titel, QStringLiteral("Fälliges Dokument"));
     EXPECT_EQ(gezeigt.text, QStringLiteral("Das Dokument Rechnung: 41 für Müller &amp; Söhne - Anna Berg ist fällig."));
@@ -204,7 +204,7 @@ TEST_F(FaelligkeitsMitteilungen, DerWeckerSendetZurZeitDerUhrUndNichtFrueher)
     const QDateTime jetzt = berlin(5, 12, 9, 59);
     FKRUhr::halteAn(jetzt);
     m_mitteilungen->zeigeFaelligkeitsMitteilung(QStringLiteral("Gleich"), QStringLiteral("erst um 10"), jetzt.addMSecs(300));
-    desktoptest::laufe(800);
+    harness::laufe(800);
     EXPECT_TRUE(umgebung.protokoll().isEmpty());
     EXPECT_EQ(m_mitteilungen->geplanteMitteilungen().size(), 1);
 

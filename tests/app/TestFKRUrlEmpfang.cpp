@@ -4,20 +4,14 @@
 
 #include "FKRUrlEmpfang.h"
 #include "../model/StoreTestSupport.h"
+#include "harness/Prozesse.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QThread>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <future>
 #include <sys/socket.h>
@@ -25,17 +19,9 @@
 #include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
+using harness::warteBis;
 
 namespace {
-
-bool warteBis(const std::function<bool()> &erfuellt, int ms = 5000)
-{
-    QElapsedTimer uhr;
-    uhr.start();
-    while (!erfuellt() && uhr.elapsed() < ms)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return erfuellt();
-}
 
 // A socket bound to the name's file: listening but never answering, or (closed at once) the
 // file a crashed program leaves behind.
@@ -150,10 +136,9 @@ TEST_F(UrlEmpfang, AntwortenKommenNachDerEntscheidungInReihenfolge)
 TEST_F(UrlEmpfang, VerwaisterSocketWirdUebernommenStummerAntwortetNicht)
 {
     const int stumm = rohSocket(name, true);
-    QElapsedTimer uhr;
-    uhr.start();
+    const QDeadlineTimer frist(2000);
     EXPECT_EQ(uebergib({u"velmora://x"_s}, 300).status, Status::OhneAntwort);
-    EXPECT_LT(uhr.elapsed(), 2000);
+    EXPECT_FALSE(frist.hasExpired());
     ::close(stumm); // the file stays, as after a crash
 
     ASSERT_TRUE(QFile::exists(QDir::tempPath() + u'/' + name));
@@ -187,7 +172,7 @@ TEST_F(UrlEmpfang, SchlechteZeilenWerdenAbgelehntUndHaltenGuteNichtAuf)
     // The end of an over-long line may come with the next line, which is handled.
     muell.write("\n\xff\xfe\n" + QByteArray(100 * 1024, 'z'));
     ASSERT_TRUE(warteBis([&] { return QByteArray(muell.peek(4096)).count('\n') == 3 && muell.bytesToWrite() == 0; }));
-    warteBis([] { return false; }, 200);
+    harness::laufe(200);
     muell.write("\nvelmora://danach\n");
     ASSERT_TRUE(warteBis([&] { return QByteArray(muell.peek(4096)).count('\n') == 4 && urls.size() == 3; }));
     EXPECT_EQ(muell.readAll(), "refused the message is not UTF-8 text\nrefused the message is not UTF-8 text\n"
@@ -209,11 +194,7 @@ TEST(UrlUebergabeZwischenProgrammen, ZweiterStartMeldetWasAusDerUrlWurdeUndStart
     if (!QFile::exists(programm))
         GTEST_SKIP() << "velmora is not built";
     QTemporaryDir heim;
-    QProcessEnvironment umgebung = QProcessEnvironment::systemEnvironment();
-    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
-        umgebung.insert(QString::fromLatin1(name), heim.filePath(QString::fromLatin1(name).mid(4).toLower()));
-    umgebung.insert(u"HOME"_s, heim.path());
-    umgebung.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    QProcessEnvironment umgebung = harness::privateUmgebung(heim.path());
     umgebung.insert(u"QT_LOGGING_RULES"_s, u"velmora.urlimport.debug=true"_s);
     umgebung.insert(u"QT_FORCE_STDERR_LOGGING"_s, u"1"_s);
     umgebung.remove(u"DBUS_SESSION_BUS_ADDRESS"_s); // no notifications on the developer's desktop
@@ -234,26 +215,21 @@ TEST(UrlUebergabeZwischenProgrammen, ZweiterStartMeldetWasAusDerUrlWurdeUndStart
         ASSERT_TRUE(offen.moc().save());
     }
 
-    QProcess erster;
-    erster.setProcessEnvironment(umgebung);
-    erster.start(programm, {});
-    ASSERT_TRUE(warteBis([&] { return FKRUrlEmpfang::laeuftInstanz(name); }, 15000)) << erster.readAllStandardError().toStdString();
+    const auto erster = harness::starteKind(programm, {}, umgebung);
+    ASSERT_TRUE(warteBis([&] { return FKRUrlEmpfang::laeuftInstanz(name); }, 15000)) << erster->readAllStandardError().toStdString();
 
     struct Lauf {
         int status = -1;
         QStringList fehler; // its own lines on stderr, without what Qt logs
     };
     const auto zweiterStart = [&](const QStringList &argumente) {
-        QProcess zweiter;
-        zweiter.setProcessEnvironment(umgebung);
-        QElapsedTimer uhr;
-        uhr.start();
-        zweiter.start(programm, argumente);
-        EXPECT_TRUE(zweiter.waitForFinished(10000));
-        EXPECT_EQ(zweiter.exitStatus(), QProcess::NormalExit);
-        EXPECT_LT(uhr.elapsed(), 5000);
-        const QStringList zeilen = QString::fromUtf8(zweiter.readAllStandardError()).split(u'\n');
-        return Lauf{zweiter.exitCode(), zeilen.filter(QRegularExpression(u"^velmora: "_s))};
+        const QDeadlineTimer frist(5000);
+        const auto zweiter = harness::starteKind(programm, argumente, umgebung);
+        EXPECT_TRUE(zweiter->waitForFinished(10000));
+        EXPECT_EQ(zweiter->exitStatus(), QProcess::NormalExit);
+        EXPECT_FALSE(frist.hasExpired());
+        const QStringList zeilen = QString::fromUtf8(zweiter->readAllStandardError()).split(u'\n');
+        return Lauf{zweiter->exitCode(), zeilen.filter(QRegularExpression(u"^velmora: "_s))};
     };
     // No editor is open in the first program: it asks the user to open a document and stores
     // nothing, and the sender learns so (the item reaching an open editor is covered with the
@@ -274,12 +250,8 @@ TEST(UrlUebergabeZwischenProgrammen, ZweiterStartMeldetWasAusDerUrlWurdeUndStart
     const Lauf nachVorne = zweiterStart({}); // only brings the running program forward
     EXPECT_EQ(nachVorne.status, 0) << nachVorne.fehler.join(u'\n').toStdString();
     EXPECT_TRUE(nachVorne.fehler.isEmpty());
-    EXPECT_EQ(erster.state(), QProcess::Running);
-
-    erster.terminate();
-    if (!erster.waitForFinished(5000))
-        erster.kill();
-    erster.waitForFinished(5000);
+    EXPECT_EQ(erster->state(), QProcess::Running);
+    harness::beende(*erster);
     QLocalServer::removeServer(name);
 }
 

@@ -1,0 +1,150 @@
+#pragma once
+
+// A desktop of its own for the notification tests: a private session bus (dbus-daemon), an X
+// server (Xvfb) and a real notification daemon (dunst) that appends every notification it shows
+// to a file. Registered once per test binary as a gtest environment, before anything touches
+// D-Bus: the program connects to the session bus once per process.
+
+#include "Prozesse.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace harness {
+
+using namespace Qt::Literals::StringLiterals;
+
+// One line of the daemon's log: what it received and showed.
+struct Gezeigt {
+    uint id = 0;
+    QString anwendung, titel, text, dringlichkeit, desktopEintrag;
+};
+
+class DesktopUmgebung : public ::testing::Environment
+{
+public:
+    static DesktopUmgebung &registriere()
+    {
+        auto *umgebung = new DesktopUmgebung;
+        ::testing::AddGlobalTestEnvironment(umgebung);
+        return *umgebung;
+    }
+
+    void SetUp() override
+    {
+        for (const char *programm : {"dbus-daemon", "Xvfb", "dunst", "dunstctl"})
+            if (QStandardPaths::findExecutable(QString::fromLatin1(programm)).isEmpty())
+                m_fehlt += QString::fromLatin1(programm) + u" is not installed; "_s;
+        if (!m_fehlt.isEmpty())
+            return;
+        const QString daten = QStringLiteral(VELMORA_TEST_DATA "/dunst/");
+        m_bus = starteKind(u"dbus-daemon"_s, {u"--config-file="_s + daten + u"sitzungsbus.conf"_s, u"--nofork"_s,
+                                              u"--print-address=1"_s});
+        // Without its own bus no test may run: it would reach the desktop of whoever runs it.
+        const QByteArray adresse = ersteZeile(*m_bus);
+        ASSERT_FALSE(adresse.isEmpty()) << "dbus-daemon did not start";
+        qputenv("DBUS_SESSION_BUS_ADDRESS", adresse);
+        m_x = starteKind(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s});
+        const QByteArray anzeige = ersteZeile(*m_x);
+        ASSERT_FALSE(anzeige.isEmpty()) << "Xvfb did not start";
+        qputenv("DISPLAY", ':' + anzeige);
+        qunsetenv("WAYLAND_DISPLAY");
+
+        const QString skript = m_ordner.filePath(u"protokolliere.sh"_s);
+        QFile::copy(daten + u"protokolliere.sh"_s, skript);
+        QFile::setPermissions(skript, QFile::ReadOwner | QFile::ExeOwner);
+        QFile vorlage(daten + u"dunstrc"_s), konfiguration(m_ordner.filePath(u"dunstrc"_s));
+        ASSERT_TRUE(vorlage.open(QIODevice::ReadOnly) && konfiguration.open(QIODevice::WriteOnly));
+        konfiguration.write(vorlage.readAll().replace("@PROTOKOLL_SKRIPT@", skript.toUtf8()));
+        konfiguration.close();
+        qputenv("VELMORA_DUNST_PROTOKOLL", protokollPfad().toUtf8());
+        ASSERT_TRUE(starteDunst()) << "dunst did not take the notification service";
+    }
+    void TearDown() override
+    {
+        for (auto *prozess : {&m_dunst, &m_x, &m_bus})
+            if (*prozess)
+                beende(**prozess);
+    }
+
+    // Why the tests must skip, or empty.
+    QString fehlt() const { return m_fehlt; }
+
+    // Start and stop of the daemon, each waiting until the notification service is there or gone.
+    bool starteDunst()
+    {
+        m_dunst = starteKind(u"dunst"_s, {u"-conf"_s, m_ordner.filePath(u"dunstrc"_s)});
+        return warteBis([] { return dienstDa(); }, 3000);
+    }
+    bool stoppeDunst()
+    {
+        beende(*m_dunst);
+        return warteBis([] { return !dienstDa(); }, 3000);
+    }
+    static bool dienstDa()
+    {
+        return QDBusConnection::sessionBus().interface()->isServiceRegistered(u"org.freedesktop.Notifications"_s);
+    }
+
+    QString protokollPfad() const { return m_ordner.filePath(u"gezeigt.txt"_s); }
+    QList<Gezeigt> protokoll() const
+    {
+        QList<Gezeigt> ergebnis;
+        QFile datei(protokollPfad());
+        if (datei.open(QIODevice::ReadOnly)) {
+            for (const QByteArray &zeile : datei.readAll().split('\n')) {
+                const QStringList t = QString::fromUtf8(zeile).split(u'\t');
+                if (t.size() == 6)
+                    ergebnis.append({t[0].toUInt(), t[1], t[2], t[3], t[4], t[5]});
+            }
+        }
+        return ergebnis;
+    }
+
+    // dunstctl's answer, trimmed.
+    static QString dunstctl(const QStringList &argumente)
+    {
+        QProcess prozess;
+        prozess.start(u"dunstctl"_s, argumente);
+        if (!prozess.waitForFinished(3000))
+            prozess.kill();
+        prozess.waitForFinished(1000);
+        return QString::fromUtf8(prozess.readAllStandardOutput()).trimmed();
+    }
+    // The number of notifications on screen.
+    static int angezeigt() { return dunstctl({u"count"_s, u"displayed"_s}).toInt(); }
+    // Closes whatever a previous test left on screen and forgets what was shown.
+    bool raeumeAuf() const
+    {
+        dunstctl({u"close-all"_s});
+        QFile::remove(protokollPfad());
+        return warteBis([] { return angezeigt() == 0; }, 3000);
+    }
+
+private:
+    // dbus-daemon prints its address, Xvfb its display number, once it is ready.
+    static QByteArray ersteZeile(QProcess &prozess)
+    {
+        const QDeadlineTimer frist(5000);
+        while (!prozess.canReadLine() && !frist.hasExpired() && prozess.state() == QProcess::Running)
+            prozess.waitForReadyRead(100);
+        return prozess.readLine().trimmed();
+    }
+
+    QTemporaryDir m_ordner;
+    QString m_fehlt;
+    std::unique_ptr<QProcess> m_bus, m_x, m_dunst;
+};
+
+} // namespace harness
+
+// First thing in a fixture's SetUp: skips when the machine lacks one of the desktop programs.
+#define VELMORA_DESKTOP_ODER_UEBERSPRINGEN(umgebung)                                                          \
+    do {                                                                                                      \
+        if (!(umgebung).fehlt().isEmpty())                                                                    \
+            GTEST_SKIP() << (umgebung).fehlt().toStdString();                                                 \
+    } while (false)
