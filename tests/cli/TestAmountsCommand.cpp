@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <gtest/gtest.h>
 
@@ -21,14 +22,9 @@ using nlohmann::ordered_json;
 
 namespace {
 
-Lauf starte(const QStringList &arguments, const std::string &eingabe = {})
-{
-    return starteCli(arguments, eingabe);
-}
-
 ordered_json betraege(const std::string &eingabe)
 {
-    const Lauf lauf = starte({QStringLiteral("amounts")}, eingabe);
+    const Lauf lauf = starteCli({QStringLiteral("amounts")}, eingabe);
     EXPECT_EQ(lauf.status, 0) << lauf.err;
     return lauf.status == 0 ? ordered_json::parse(lauf.out) : ordered_json();
 }
@@ -124,12 +120,14 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
         {R"({"waehrung": [1)" + wiederhole(",1", 50000) + "]}", R"("waehrung": expected a text, got array [...] (50001 values))"},
         {R"({"waehrung": ")" + wiederhole("x", 100000), "input is not JSON"},
     };
+    const QTemporaryDir ordner;
+    const QString nie = ordner.filePath(QStringLiteral("nie.pdf"));
     for (const auto &[eingabe, meldung] : faelle) {
         for (const char *befehl : {"amounts", "render"}) {
             const QStringList argumente = befehl == std::string("render")
-                ? QStringList{QStringLiteral("render"), QStringLiteral("-"), QDir::temp().filePath(QStringLiteral("nie.pdf"))}
+                ? QStringList{QStringLiteral("render"), QStringLiteral("-"), nie}
                 : QStringList{QStringLiteral("amounts")};
-            const Lauf lauf = starte(argumente, eingabe);
+            const Lauf lauf = starteCli(argumente, eingabe);
             if (befehl == std::string("render") && meldung.find("missing value") != std::string::npos)
                 continue; // rendering shows an absent amount as empty instead of refusing it
             EXPECT_EQ(lauf.status, 2) << befehl << ' ' << eingabe.substr(0, 80);
@@ -139,16 +137,16 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
             EXPECT_LE(lauf.err.size(), 1100u);
         }
     }
-    EXPECT_FALSE(QFileInfo::exists(QDir::temp().filePath(QStringLiteral("nie.pdf"))));
+    EXPECT_FALSE(QFileInfo::exists(nie));
 }
 
 TEST(AmountsCommand, TextThatIsNotJsonIsNamedByWhereTheReaderStopped)
 {
-    EXPECT_EQ(starte({QStringLiteral("amounts")}, R"({"rabatt": )").err,
+    EXPECT_EQ(starteCli({QStringLiteral("amounts")}, R"({"rabatt": )").err,
               "velmora-cli: input is not JSON (at byte 12): parse error at line 1, column 12: syntax error while parsing "
               "value - unexpected end of input; expected '[', '{', or a literal\n");
     // A byte that is no character is shown, not handed to the terminal.
-    const std::string err = starte({QStringLiteral("amounts")}, "{\"a\xc3").err;
+    const std::string err = starteCli({QStringLiteral("amounts")}, "{\"a\xc3").err;
     EXPECT_NE(err.find("\\xc3"), std::string::npos) << err;
     EXPECT_EQ(err.find('\xc3'), std::string::npos) << err;
 }
@@ -161,7 +159,7 @@ TEST(AmountsCommand, NumbersAreReadAsWrittenNeverThroughADouble)
     EXPECT_EQ(betraege(R"({"brutto": false, "mwStSatz": 0, "posten": [{"anzahl": 123456789012345678901234567, "einzelbetrag": 1}]})")
                   ["postenSumme"], "123456789012345678901234567");
     EXPECT_EQ(betraege(R"({"skontoZeitraum": 14.0, "posten": []})")["postenSumme"], "0");
-    EXPECT_EQ(starte({QStringLiteral("amounts")}, R"({"skontoZeitraum": 14.5})").err,
+    EXPECT_EQ(starteCli({QStringLiteral("amounts")}, R"({"skontoZeitraum": 14.5})").err,
               "velmora-cli: \"skontoZeitraum\": expected an integer, got number 14.5\n");
 }
 
@@ -213,26 +211,27 @@ TEST(AmountsCommand, ReaderTakesEveryStoredAttributeAndNull)
 
 TEST(AmountsCommand, DispatcherAndFiles)
 {
-    const Lauf hilfe = starte({QStringLiteral("--help")});
+    const Lauf hilfe = starteCli({QStringLiteral("--help")});
     EXPECT_EQ(hilfe.status, 0);
     EXPECT_NE(hilfe.out.find("  amounts [FILE|-]"), std::string::npos) << hilfe.out;
-    EXPECT_EQ(starte({QStringLiteral("help"), QStringLiteral("amounts")}).out,
-              starte({QStringLiteral("amounts"), QStringLiteral("--help")}).out);
-    EXPECT_EQ(starte({}).status, 2);
-    const Lauf unbekannt = starte({QStringLiteral("rendr")});
-    EXPECT_EQ(unbekannt.status, 2);
-    EXPECT_EQ(unbekannt.err.rfind("velmora-cli: unknown command \"rendr\"\nUsage:", 0), 0u) << unbekannt.err;
+    EXPECT_EQ(starteCli({QStringLiteral("help"), QStringLiteral("amounts")}).out,
+              starteCli({QStringLiteral("amounts"), QStringLiteral("--help")}).out);
+    EXPECT_EQ(starteCli({QStringLiteral("rendr")}).err.rfind("velmora-cli: unknown command \"rendr\"\nUsage:", 0), 0u);
 
     QTemporaryFile datei;
     ASSERT_TRUE(datei.open());
     datei.write(R"({"posten": [{"anzahl": "2", "einzelbetrag": "10.005"}]})");
     datei.close();
-    const Lauf ausDatei = starte({QStringLiteral("amounts"), datei.fileName()}, "not read");
+    const Lauf ausDatei = starteCli({QStringLiteral("amounts"), datei.fileName()}, "not read");
     EXPECT_EQ(ausDatei.status, 0) << ausDatei.err;
     EXPECT_EQ(ordered_json::parse(ausDatei.out)["postenSumme"], "20.02");
-    EXPECT_EQ(starte({QStringLiteral("amounts"), QStringLiteral("-")}, "{}").status, 0);
-    EXPECT_EQ(starte({QStringLiteral("amounts"), datei.fileName() + u".fehlt"}).status, 2);
-    EXPECT_EQ(starte({QStringLiteral("amounts"), datei.fileName(), datei.fileName()}).status, 2);
+    const std::pair<QStringList, int> aufrufe[] = {
+        {{}, 2}, {{QStringLiteral("rendr")}, 2}, {{QStringLiteral("amounts"), QStringLiteral("-")}, 0},
+        {{QStringLiteral("amounts"), datei.fileName() + u".fehlt"}, 2},
+        {{QStringLiteral("amounts"), datei.fileName(), datei.fileName()}, 2},
+    };
+    for (const auto &[argumente, status] : aufrufe)
+        EXPECT_EQ(starteCli(argumente, "{}").status, status) << argumente.join(u' ').toStdString();
 
     const QString programm = QStringLiteral(VELMORA_BINARY_DIR "/src/cli/velmora-cli");
     if (!QFileInfo(programm).isExecutable())

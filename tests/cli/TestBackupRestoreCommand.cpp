@@ -21,11 +21,6 @@
 
 namespace {
 
-Lauf starte(const QStringList &arguments)
-{
-    return starteCli(arguments);
-}
-
 // A restore under bounds small enough for a test-sized zip bomb.
 Lauf stelleWiederHer(const QString &archiv)
 {
@@ -107,14 +102,14 @@ protected:
 
 TEST_F(BackupRestore, SicherungLandetImSicherungsordnerOderWoDerNutzerWill)
 {
-    const Lauf ohneStore = starte({"backup"});
+    const Lauf ohneStore = starteCli({"backup"});
     EXPECT_EQ(ohneStore.status, 1);
     EXPECT_NE(ohneStore.err.find("no store"), std::string::npos) << ohneStore.err;
 
     legeStoreAn({"A-1", "A-2"});
-    const Lauf erste = starte({"backup"});
+    const Lauf erste = starteCli({"backup"});
     ASSERT_EQ(erste.status, 0) << erste.err;
-    const Lauf zweite = starte({"backup"});
+    const Lauf zweite = starteCli({"backup"});
     ASSERT_EQ(zweite.status, 0) << zweite.err;
     EXPECT_NE(erste.out, zweite.out) << "a second backup in the same minute must not replace the first";
     EXPECT_EQ(sicherungen().size(), 2);
@@ -129,17 +124,17 @@ TEST_F(BackupRestore, SicherungLandetImSicherungsordnerOderWoDerNutzerWill)
     altesWerkstueck(woanders.path() + "/.DataBackup-Ij56Kl.part", false);
     const FKRArbeitsSperre inArbeit(woanders.path() + "/.DataBackup-Ij56Kl.part");
     const QString datei = woanders.path() + "/mein.fks";
-    const Lauf mitZiel = starte({"backup", "--out", datei});
+    const Lauf mitZiel = starteCli({"backup", "--out", datei});
     ASSERT_EQ(mitZiel.status, 0) << mitZiel.err;
     EXPECT_TRUE(QFileInfo(datei).size() > 0);
     EXPECT_EQ(QDir(woanders.path()).entryList(QDir::Files | QDir::Hidden),
               (QStringList{".DataBackup-Ij56Kl.part", "mein.fks"}));
-    const Lauf inOrdner = starte({"backup", "--out=" + woanders.path()});
+    const Lauf inOrdner = starteCli({"backup", "--out=" + woanders.path()});
     ASSERT_EQ(inOrdner.status, 0) << inOrdner.err;
     EXPECT_EQ(QDir(woanders.path()).entryList({"*-DataBackup.fks"}, QDir::Files).size(), 1);
 
-    EXPECT_EQ(starte({"backup", "--out"}).status, 2);
-    EXPECT_EQ(starte({"backup", "extra"}).status, 2);
+    for (const QStringList &aufruf : {QStringList{"backup", "--out"}, {"backup", "extra"}})
+        EXPECT_EQ(starteCli(aufruf).status, 2);
 }
 
 TEST_F(BackupRestore, WiederherstellungSichertErstDenAktuellenStoreUndMarkiertDenImport)
@@ -147,20 +142,20 @@ TEST_F(BackupRestore, WiederherstellungSichertErstDenAktuellenStoreUndMarkiertDe
     legeStoreAn({"Alt-1"});
     QTemporaryDir woanders;
     const QString archiv = woanders.path() + "/umzug.fks";
-    ASSERT_EQ(starte({"backup", "--out", archiv}).status, 0);
+    ASSERT_EQ(starteCli({"backup", "--out", archiv}).status, 0);
     legeStoreAn({"Neu-1", "Neu-2"});
     auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
     einstellungen->setVerwendeiCloudSync(true);
     einstellungen->setDatenbankWurdeNeuImportiert(false);
 
-    const Lauf lauf = starte({"restore", archiv});
+    const Lauf lauf = starteCli({"restore", archiv});
     ASSERT_EQ(lauf.status, 0) << lauf.err;
     EXPECT_EQ(nummernImStore(), QStringList{"Alt-1"});
     EXPECT_TRUE(einstellungen->datenbankWurdeNeuImportiert());
     EXPECT_FALSE(einstellungen->verwendeiCloudSync());
     // The store that was replaced is in the backups folder.
     ASSERT_EQ(sicherungen().size(), 1);
-    const Lauf zurueck = starte({"restore", datenOrdner() + "/dataBackups/" + sicherungen().first()});
+    const Lauf zurueck = starteCli({"restore", datenOrdner() + "/dataBackups/" + sicherungen().first()});
     ASSERT_EQ(zurueck.status, 0) << zurueck.err;
     EXPECT_EQ(nummernImStore(), (QStringList{"Neu-1", "Neu-2"}));
     einstellungen->setDatenbankWurdeNeuImportiert(false);
@@ -171,30 +166,24 @@ TEST_F(BackupRestore, WiederherstellungVerweigertUndLaesstDenStoreStehen)
     legeStoreAn({"Bleibt"});
     QTemporaryDir woanders;
     const QString archiv = woanders.path() + "/gut.fks";
-    ASSERT_EQ(starte({"backup", "--out", archiv}).status, 0);
+    ASSERT_EQ(starteCli({"backup", "--out", archiv}).status, 0);
 
     // Wrong extension, missing file, wrong arguments.
     QFile::copy(archiv, woanders.path() + "/gut.zip");
-    EXPECT_EQ(starte({"restore", woanders.path() + "/gut.zip"}).status, 2);
-    EXPECT_EQ(starte({"restore", woanders.path() + "/fehlt.fks"}).status, 2);
-    EXPECT_EQ(starte({"restore"}).status, 2);
+    for (const QStringList &aufruf : {QStringList{"restore", woanders.path() + "/gut.zip"},
+                                      {"restore", woanders.path() + "/fehlt.fks"}, {"restore"}, {"restore", archiv, archiv}})
+        EXPECT_EQ(starteCli(aufruf).status, 2) << aufruf.join(' ').toStdString();
 
     // A truncated archive.
     const QString kaputt = woanders.path() + "/kaputt.fks";
-    {
-        QFile quelle(archiv);
-        ASSERT_TRUE(quelle.open(QIODevice::ReadOnly));
-        QFile ziel(kaputt);
-        ASSERT_TRUE(ziel.open(QIODevice::WriteOnly));
-        ziel.write(quelle.readAll().left(int(quelle.size() / 2)));
-    }
-    const Lauf abgeschnitten = starte({"restore", kaputt});
-    EXPECT_EQ(abgeschnitten.status, 2) << abgeschnitten.err;
+    const QByteArray bytes = ziptest::lies(archiv);
+    ziptest::schreibe(kaputt, bytes.left(bytes.size() / 2));
+    EXPECT_EQ(starteCli({"restore", kaputt}).status, 2);
 
     // While the program runs (it holds the data folder's lock).
     FKRDatenOrdnerSperre laufendesProgramm;
     ASSERT_EQ(laufendesProgramm.sperre(datenOrdner()), FKRDatenOrdnerSperre::Ergebnis::Gehalten);
-    const Lauf waehrendEsLaeuft = starte({"restore", archiv});
+    const Lauf waehrendEsLaeuft = starteCli({"restore", archiv});
     EXPECT_EQ(waehrendEsLaeuft.status, 1);
     EXPECT_NE(waehrendEsLaeuft.err.find("running"), std::string::npos) << waehrendEsLaeuft.err;
 
