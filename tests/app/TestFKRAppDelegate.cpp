@@ -9,11 +9,11 @@
 #include "FKRUhr.h"
 #include "QBBenutzerEinstellungen.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 
 using namespace apptest;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -88,72 +88,58 @@ TEST_F(AppDelegate, ErsterStartLegtOrdnerStoreUndSicherungAnUndZaehltDenStart)
     EXPECT_TRUE(QFileInfo(delegate->applicationArchiveDirectory()).isDir());
 }
 
-TEST_F(AppDelegate, OrdnerDieDateienSindWerdenNichtUeberschrieben)
+// A data folder or store file the program cannot use ends it with a presented error, and the
+// file in the way keeps every byte.
+TEST_F(AppDelegate, UnbrauchbarerDatenOrdnerOderStoreBeendetMitFehlerUndBleibtUnberuehrt)
 {
-    QDir().mkpath(heimat.pfad());
-    {
-        QFile datei(heimat.datenOrdner());
-        ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
-        datei.write("keine Daten");
+    const QString ordnerAlsDatei = u"Für die Programmdaten wird ein Ordner erwartet, gefunden wurde aber eine Datei: %1."_s;
+    const QString ladeFehler = u"Beim Anlegen oder Laden der gespeicherten Daten ist ein Fehler aufgetreten."_s;
+    struct Fall {
+        const char *imWeg; // below the data folder; "" is the data folder itself
+        QByteArray inhalt; // empty: a folder
+        QString grund;
+    };
+    const Fall faelle[] = {
+        {"", "keine Daten", ordnerAlsDatei},
+        {"/VelmoraRechnungen.storedata", QByteArray(5000, 'x'), ladeFehler},
+        {"/VelmoraRechnungen.storedata", {}, ladeFehler},
+    };
+    for (const Fall &fall : faelle) {
+        SCOPED_TRACE(fall.imWeg);
+        DatenHeimat eigene;
+        const QString pfad = eigene.datenOrdner() + QString::fromLatin1(fall.imWeg);
+        QDir().mkpath(fall.inhalt.isEmpty() ? pfad : QFileInfo(pfad).path());
+        if (!fall.inhalt.isEmpty())
+            storetest::writeFile(pfad, fall.inhalt);
+        presenter.fehler.clear();
+        EXPECT_EQ(storeFehler(*neuerDelegate()), EXIT_FAILURE);
+        ASSERT_EQ(presenter.fehler.size(), 1);
+        const FKRAnwendungsFehler &fehler = presenter.fehler.first();
+        EXPECT_EQ(fehler.domain, "YOUR_ERROR_DOMAIN");
+        EXPECT_EQ(fehler.code, 9999);
+        EXPECT_EQ(fehler.localizedDescription, "Die gespeicherten Daten konnten nicht geöffnet werden");
+        EXPECT_EQ(fehler.failureReason, fall.grund.arg(eigene.datenOrdner()));
+        EXPECT_EQ(fehler.underlyingError.isEmpty(), fall.grund == ordnerAlsDatei) << "the store's own error travels along";
+        EXPECT_EQ(storetest::fileBytes(pfad), fall.inhalt);
     }
-    auto delegate = neuerDelegate();
-    EXPECT_EQ(storeFehler(*delegate), EXIT_FAILURE);
-    ASSERT_EQ(presenter.fehler.size(), 1);
-    const FKRAnwendungsFehler &fehler = presenter.fehler.first();
-    EXPECT_EQ(fehler.domain, "YOUR_ERROR_DOMAIN");
-    EXPECT_EQ(fehler.code, 9999);
-    EXPECT_EQ(fehler.localizedDescription, "Die gespeicherten Daten konnten nicht geöffnet werden");
-    EXPECT_EQ(fehler.failureReason, "Für die Programmdaten wird ein Ordner erwartet, gefunden wurde aber eine Datei: "
-                                        + heimat.datenOrdner() + ".");
-    QFile datei(heimat.datenOrdner());
-    ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
-    EXPECT_EQ(datei.readAll(), "keine Daten");
 
     // A backups folder that is a file: the archive fails with its alert, the start goes on.
-    DatenHeimat zweite;
-    auto zweiter = neuerDelegate();
-    QDir().mkpath(zweite.datenOrdner());
-    QFile(zweite.datenOrdner() + "/dataBackups").open(QIODevice::WriteOnly);
+    QDir().mkpath(heimat.datenOrdner());
+    storetest::writeFile(heimat.datenOrdner() + "/dataBackups", {});
+    auto delegate = neuerDelegate();
     bool fertig = false;
-    QObject::connect(zweiter.get(), &FKRAppDelegate::datensicherungBeendet, [&](const QString &pfad) {
+    QObject::connect(delegate.get(), &FKRAppDelegate::datensicherungBeendet, [&](const QString &pfad) {
         EXPECT_TRUE(pfad.isEmpty());
         fertig = true;
     });
-    zweiter->applicationDidFinishLaunching();
-    EXPECT_TRUE(QFileInfo(zweiter->dataBackupsDirectory()).isFile());
+    delegate->applicationDidFinishLaunching();
+    EXPECT_TRUE(QFileInfo(delegate->dataBackupsDirectory()).isFile());
     ASSERT_TRUE(warteBis([&] { return fertig; }));
     ASSERT_EQ(presenter.alerts.size(), 1);
     EXPECT_EQ(presenter.alerts[0].titelSchluessel, "ALERT_TITLE_EXPORT");
     EXPECT_EQ(presenter.alerts[0].textSchluessel, "DATABASE_EXPORT_PROBLEM");
     EXPECT_EQ(presenter.alerts[0].knopfSchluessel, QStringList{"BUTTON_TITLE_OK"});
-    EXPECT_NE(zweiter->managedObjectContext(), nullptr) << "the store opens all the same";
-}
-
-TEST_F(AppDelegate, UnbrauchbarerStoreBeendetMitFehlerUndBleibtUnberuehrt)
-{
-    QDir().mkpath(heimat.datenOrdner());
-    const QString store = heimat.datenOrdner() + "/VelmoraRechnungen.storedata";
-    {
-        QFile datei(store);
-        ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
-        datei.write(QByteArray(5000, 'x'));
-    }
-    auto delegate = neuerDelegate();
-    EXPECT_EQ(storeFehler(*delegate), EXIT_FAILURE);
-    ASSERT_EQ(presenter.fehler.size(), 1);
-    EXPECT_EQ(presenter.fehler[0].failureReason,
-              "Beim Anlegen oder Laden der gespeicherten Daten ist ein Fehler aufgetreten.");
-    EXPECT_FALSE(presenter.fehler[0].underlyingError.isEmpty()) << "the store's own error travels along";
-    QFile datei(store);
-    ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
-    EXPECT_EQ(datei.readAll(), QByteArray(5000, 'x'));
-
-    // A folder in place of the store file.
-    DatenHeimat zweite;
-    QDir().mkpath(zweite.datenOrdner() + "/VelmoraRechnungen.storedata");
-    auto zweiter = neuerDelegate();
-    EXPECT_EQ(storeFehler(*zweiter), EXIT_FAILURE);
-    EXPECT_EQ(presenter.fehler.size(), 2);
+    EXPECT_NE(delegate->managedObjectContext(), nullptr) << "the store opens all the same";
 }
 
 TEST_F(AppDelegate, FehlendeUndNachImportNeueIdentitaeten)
