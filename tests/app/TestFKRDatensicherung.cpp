@@ -3,9 +3,8 @@
 
 #include "../model/StoreTestSupport.h"
 #include "ZipTestSupport.h"
+#include "harness/Prozesse.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QLocale>
 #include <QSet>
 #include <gtest/gtest.h>
@@ -35,11 +34,7 @@ Gemeldet warteAufMeldung(FKRDatensicherung &sicherung)
 {
     Gemeldet gemeldet;
     merke(sicherung, gemeldet);
-    QElapsedTimer uhr;
-    uhr.start();
-    while (!gemeldet.da && uhr.elapsed() < 120000)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    EXPECT_TRUE(gemeldet.da) << "no report from the backup";
+    EXPECT_TRUE(harness::warteBis([&] { return gemeldet.da; }, 120000)) << "no report from the backup";
     return gemeldet;
 }
 

@@ -43,12 +43,8 @@ inline QByteArray guterStore(const QString &ordner, const QStringList &nummern =
 inline QByteArray veraenderterStore(const QString &ordner, const char *sql)
 {
     guterStore(ordner, {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
-    const QString pfad = ordner + QStringLiteral("/gut.storedata");
-    {
-        storetest::RawSql roh(pfad);
-        roh.mustExec(sql);
-    }
-    return lies(pfad);
+    storetest::RawSql(ordner + QStringLiteral("/gut.storedata")).mustExec(sql);
+    return lies(ordner + QStringLiteral("/gut.storedata"));
 }
 
 struct UnbrauchbaresArchiv {
@@ -59,37 +55,29 @@ struct UnbrauchbaresArchiv {
 
 inline QList<UnbrauchbaresArchiv> unbrauchbareArchive()
 {
+    const auto mitSql = [](const char *sql) { return [sql](const QString &o) { return veraenderterStore(o, sql); }; };
     return {
         {"not SQLite", "not an SQLite database", [](const QString &) -> QByteArray { return "kein SQLite " + zufallsBytes(20000, 11); }},
-        {"truncated SQLite", "damaged", [](const QString &o) -> QByteArray {
+        {"truncated SQLite", "damaged", [](const QString &o) {
              const QByteArray store = veraenderterStore(o, "SELECT 1");
              return store.left(store.size() / 2);
          }},
-        {"SQLite of another program", "no store metadata", [](const QString &o) -> QByteArray {
-             const QString pfad = o + QStringLiteral("/fremd.sqlite");
-             storetest::RawSql roh(pfad, true);
-             roh.mustExec("CREATE TABLE moz_places (id INTEGER PRIMARY KEY, url TEXT); INSERT INTO moz_places VALUES (1, 'x')");
-             return lies(pfad);
+        {"SQLite of another program", "no store metadata", [](const QString &o) {
+             storetest::RawSql(o + QStringLiteral("/fremd.sqlite"), true)
+                 .mustExec("CREATE TABLE moz_places (id INTEGER PRIMARY KEY, url TEXT); INSERT INTO moz_places VALUES (1, 'x')");
+             return lies(o + QStringLiteral("/fremd.sqlite"));
          }},
-        {"newer schema version", "newer version", [](const QString &o) -> QByteArray {
-             return veraenderterStore(o, "UPDATE VelmoraStoreMetadata SET value = '2' WHERE key = 'schemaVersion'");
-         }},
-        {"schema version no number", "no version number", [](const QString &o) -> QByteArray {
-             return veraenderterStore(o, "UPDATE VelmoraStoreMetadata SET value = 'zwei' WHERE key = 'schemaVersion'");
-         }},
-        {"missing metadata", "no store metadata", [](const QString &o) -> QByteArray { return veraenderterStore(o, "DROP TABLE VelmoraStoreMetadata"); }},
-        {"empty store file", "empty", [](const QString &) -> QByteArray { return QByteArray(); }},
-        {"a view that runs the maker's code", "view", [](const QString &o) -> QByteArray {
-             return veraenderterStore(o, "CREATE VIEW endlos AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n");
-         }},
-        {"migration fails", "current schema", [](const QString &o) -> QByteArray {
-             // The store lacks "skonto" in the program's spelling, and adding it clashes.
-             return veraenderterStore(o, "ALTER TABLE FKRRechnung RENAME COLUMN skonto TO Skonto");
-         }},
-        {"objects unreadable", "objects cannot be read", [](const QString &o) -> QByteArray {
-             // The items' key column under another name: every migration passes, no item loads.
-             return veraenderterStore(o, "ALTER TABLE FKRPosten RENAME COLUMN pk TO nummer");
-         }},
+        {"newer schema version", "newer version", mitSql("UPDATE VelmoraStoreMetadata SET value = '2' WHERE key = 'schemaVersion'")},
+        {"schema version no number", "no version number",
+         mitSql("UPDATE VelmoraStoreMetadata SET value = 'zwei' WHERE key = 'schemaVersion'")},
+        {"missing metadata", "no store metadata", mitSql("DROP TABLE VelmoraStoreMetadata")},
+        {"empty store file", "empty", [](const QString &) { return QByteArray(); }},
+        {"a view that runs the maker's code", "view",
+         mitSql("CREATE VIEW endlos AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i FROM n")},
+        // The store lacks "skonto" in the program's spelling, and adding it clashes.
+        {"migration fails", "current schema", mitSql("ALTER TABLE FKRRechnung RENAME COLUMN skonto TO Skonto")},
+        // The items' key column under another name: every migration passes, no item loads.
+        {"objects unreadable", "objects cannot be read", mitSql("ALTER TABLE FKRPosten RENAME COLUMN pk TO nummer")},
         {"zip bomb", "bytes allowed", [](const QString &o) -> QByteArray { return guterStore(o) + QByteArray(8 << 20, '\0'); }},
     };
 }

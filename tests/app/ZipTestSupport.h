@@ -3,6 +3,8 @@
 // Helpers of the archive tests: archives read back and built entry by entry with minizip
 // itself, so the tests do not depend on the code they check.
 
+#include "../model/StoreTestSupport.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QDirIterator>
@@ -125,30 +127,16 @@ inline QMap<QString, QByteArray> baum(const QString &ordner)
 inline std::string unterschiede(const QMap<QString, QByteArray> &vorher, const QMap<QString, QByteArray> &nachher)
 {
     std::string text;
-    for (auto it = vorher.cbegin(); it != vorher.cend(); ++it) {
-        if (!nachher.contains(it.key()))
-            text += " gone:" + it.key().toStdString();
-        else if (nachher.value(it.key()) != it.value())
-            text += " changed:" + it.key().toStdString();
-    }
-    for (auto it = nachher.cbegin(); it != nachher.cend(); ++it) {
-        if (!vorher.contains(it.key()))
-            text += " new:" + it.key().toStdString();
+    QStringList pfade = vorher.keys() + nachher.keys();
+    pfade.removeDuplicates();
+    for (const QString &pfad : pfade) {
+        if (!vorher.contains(pfad) || !nachher.contains(pfad) || vorher[pfad] != nachher[pfad])
+            text += (!nachher.contains(pfad) ? " gone:" : vorher.contains(pfad) ? " changed:" : " new:") + pfad.toStdString();
     }
     return text;
 }
 
-inline void schreibe(const QString &pfad, const QByteArray &bytes)
-{
-    QFile datei(pfad);
-    ASSERT_TRUE(datei.open(QIODevice::WriteOnly | QIODevice::Truncate)) << pfad.toStdString();
-    ASSERT_EQ(datei.write(bytes), bytes.size());
-}
-
-inline QByteArray lies(const QString &pfad)
-{
-    QFile datei(pfad);
-    return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
-}
+inline void schreibe(const QString &pfad, const QByteArray &bytes) { storetest::writeFile(pfad, bytes); }
+inline QByteArray lies(const QString &pfad) { return storetest::fileBytes(pfad); }
 
 } // namespace ziptest
