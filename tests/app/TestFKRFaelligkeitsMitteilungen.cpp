@@ -76,20 +76,17 @@ protected:
         return e;
     }
 
-    QList<QDateTime> zeiten() const
+    // One field of every scheduled reminder, in order.
+    template<typename T>
+    QList<T> geplant(T FKRFaelligkeitsMitteilungen::Geplant::*feld) const
     {
-        QList<QDateTime> ergebnis;
-        for (const auto &geplant : m_mitteilungen->geplanteMitteilungen())
-            ergebnis << geplant.zeit;
-        return ergebnis;
+        QList<T> werte;
+        for (const auto &mitteilung : m_mitteilungen->geplanteMitteilungen())
+            werte << mitteilung.*feld;
+        return werte;
     }
-    QStringList texte() const
-    {
-        QStringList ergebnis;
-        for (const auto &geplant : m_mitteilungen->geplanteMitteilungen())
-            ergebnis << geplant.text;
-        return ergebnis;
-    }
+    QList<QDateTime> zeiten() const { return geplant(&FKRFaelligkeitsMitteilungen::Geplant::zeit); }
+    QStringList texte() const { return geplant(&FKRFaelligkeitsMitteilungen::Geplant::text); }
 
     ManagedObjectContext m_context;
     std::unique_ptr<FKRFaelligkeitsMitteilungen> m_mitteilungen;
@@ -119,8 +116,7 @@ TEST_F(FaelligkeitsMitteilungen, JedesUnbezahlteDokumentMitFaelligkeitBekommtSei
                            // Without a number the reminder still comes, with an empty number.
                            QStringLiteral("Das Dokument  ist fällig."),
                        }));
-    for (const auto &geplant : m_mitteilungen->geplanteMitteilungen())
-        EXPECT_EQ(geplant.titel, QStringLiteral("Fälliges Dokument"));
+    EXPECT_EQ(geplant(&FKRFaelligkeitsMitteilungen::Geplant::titel), QStringList(4, QStringLiteral("Fälliges Dokument")));
 
     // An English-speaking user reads English reminders, also for a German document.
     QLocale::setDefault(QLocale(QStringLiteral("en_US")));
