@@ -5,7 +5,6 @@
 #include "FKRAppDelegate.h"
 #include "FKRFaelligkeitsMitteilungen.h"
 #include "FKRLocalizationHelper.h"
-#include "FKRRechnung.h"
 #include "FKRUhr.h"
 #include "QBBenutzerEinstellungen.h"
 

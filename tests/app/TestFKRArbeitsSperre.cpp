@@ -2,12 +2,8 @@
 
 #include "ZipTestSupport.h"
 
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
 #include <ctime>
 #include <fcntl.h>
-#include <sys/stat.h>
 
 using namespace ziptest;
 

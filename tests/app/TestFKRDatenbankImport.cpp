@@ -5,15 +5,10 @@
 #include "FKRAppDelegate.h"
 #include "FKRDatenbankImport.h"
 #include "FKRDatensicherung.h"
-#include "FKRZipArchiv.h"
 #include "QBBenutzerEinstellungen.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-
-#include <functional>
 
 using namespace apptest;
 using namespace std::chrono_literals;

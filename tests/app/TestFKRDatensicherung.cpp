@@ -1,13 +1,11 @@
 #include "FKRDatensicherung.h"
 #include "FKRZipArchiv.h"
 
-#include "../model/StoreTestSupport.h"
 #include "ZipTestSupport.h"
 #include "harness/Prozesse.h"
 
 #include <QLocale>
 #include <QSet>
-#include <gtest/gtest.h>
 
 using namespace ziptest;
 

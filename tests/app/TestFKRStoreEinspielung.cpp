@@ -2,9 +2,6 @@
 
 #include "UnbrauchbareArchive.h"
 
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
 using namespace ziptest;
 
 namespace {

@@ -4,8 +4,6 @@
 
 #include <QDateTime>
 #include <QStorageInfo>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <functional>

@@ -5,14 +5,8 @@
 
 #include "../model/StoreTestSupport.h"
 
-#include <QByteArray>
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QList>
 #include <QMap>
-#include <QString>
-#include <gtest/gtest.h>
 #include <minizip/unzip.h>
 #include <minizip/zip.h>
 

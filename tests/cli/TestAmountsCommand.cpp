@@ -7,7 +7,6 @@
 #include "ManagedObjectContext.h"
 #include "CliLauf.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -15,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 
 using nlohmann::json;
 using nlohmann::ordered_json;

@@ -1,7 +1,6 @@
 // velmora-cli backup and restore: run in-process against a private data folder, the archives
 // read back through a restore, and the refusals that must leave the store as it was.
 #include "../app/UnbrauchbareArchive.h"
-#include "../model/StoreTestSupport.h"
 
 #include "FKRArbeitsSperre.h"
 #include "FKRDatenOrdnerSperre.h"
@@ -10,13 +9,9 @@
 #include "CliLauf.h"
 #include "RestoreCommand.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
-#include <sstream>
 #include <utime.h>
 
 namespace {

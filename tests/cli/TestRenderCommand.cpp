@@ -2,11 +2,9 @@
 // writes read back with the poppler tools, and the built program once.
 #include "../model/StoreTestSupport.h"
 
-#include "FKRAbsender.h"
 #include "FKRBildLeser.h"
 #include "FKRDokumentZuGross.h"
 #include "JsonBeteiligteLeser.h"
-#include "ManagedObjectContext.h"
 #include "QBBenutzerEinstellungen.h"
 #include "CliLauf.h"
 #include "Testbilder.h"
@@ -16,8 +14,6 @@
 #include <QLocale>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
