@@ -1,5 +1,6 @@
 // velmora-cli backup and restore: run in-process against a private data folder, the archives
 // read back through a restore, and the refusals that must leave the store as it was.
+#include "../app/AppTestSupport.h"
 #include "../app/UnbrauchbareArchive.h"
 
 #include "FKRArbeitsSperre.h"
@@ -51,19 +52,10 @@ void altesWerkstueck(const QString &pfad, bool ordner)
 class BackupRestore : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        m_alt = qgetenv("XDG_DATA_HOME");
-        qputenv("XDG_DATA_HOME", m_heimat.path().toUtf8());
-        FKRUhr::halteAn(QDateTime(QDate(2026, 11, 23), QTime(14, 5)));
-    }
-    void TearDown() override
-    {
-        FKRUhr::laufeWeiter();
-        qputenv("XDG_DATA_HOME", m_alt);
-    }
+    void SetUp() override { FKRUhr::halteAn(QDateTime(QDate(2026, 11, 23), QTime(14, 5))); }
+    void TearDown() override { FKRUhr::laufeWeiter(); }
 
-    QString datenOrdner() const { return m_heimat.path() + "/Velmora-Rechnungen"; }
+    QString datenOrdner() const { return m_heimat.datenOrdner(); }
     QString store() const { return datenOrdner() + "/VelmoraRechnungen.storedata"; }
     QStringList sicherungen() const
     {
@@ -91,8 +83,7 @@ protected:
         return nummern;
     }
 
-    QTemporaryDir m_heimat;
-    QByteArray m_alt;
+    apptest::DatenHeimat m_heimat;
 };
 
 TEST_F(BackupRestore, SicherungLandetImSicherungsordnerOderWoDerNutzerWill)

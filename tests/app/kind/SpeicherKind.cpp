@@ -6,7 +6,8 @@
 // input closes: the other program on one data folder. Alerts go to stderr as "alert KEY"; a
 // store it may not open ends it with status 1.
 
-#include "FKRAlertPresenter.h"
+#include "../SkriptPresenter.h"
+
 #include "FKRAppDelegate.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
@@ -17,7 +18,7 @@
 #include <cstdio>
 
 namespace {
-struct StillerPresenter : FKRAlertPresenter {
+struct StillerPresenter : SkriptPresenter {
     int zeigeAlert(const FKRAlert &alert) override
     {
         std::fprintf(stderr, "alert %s\n", qPrintable(alert.textSchluessel));
@@ -27,11 +28,6 @@ struct StillerPresenter : FKRAlertPresenter {
     {
         std::fprintf(stderr, "fehler %s\n", qPrintable(fehler.localizedDescription));
         return false;
-    }
-    QStringList waehleDateien(const QString &, const QString &, const QString &, const DateiFilter &) override { return {}; }
-    QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override
-    {
-        return {};
     }
 };
 } // namespace
