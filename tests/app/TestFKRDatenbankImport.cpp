@@ -86,27 +86,6 @@ protected:
     QString fremdeKennung;
 };
 
-TEST_F(DatenbankImport, AbbrechenInBestaetigungOderDateiwahlLaesstAllesStehen)
-{
-    presenter.antworten = {kZweiterKnopf};
-    import->datenbankImportButtonSelected();
-    ASSERT_EQ(presenter.alerts.size(), 1);
-    EXPECT_EQ(presenter.alerts[0].titelSchluessel, "ALERT_TITLE_HINWEIS");
-    EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_REALLY_IMPORT_DATABASE");
-    EXPECT_EQ(presenter.alerts[0].knopfSchluessel, (QStringList{"BUTTON_TITLE_OK", "BUTTON_TITLE_ABBRECHEN"}));
-    EXPECT_TRUE(presenter.panelOrdner.isEmpty());
-
-    presenter.antworten = {kErsterKnopf};
-    presenter.panelAntworten = {QStringList()};
-    import->datenbankImportButtonSelected();
-    EXPECT_EQ(presenter.panelOrdner, QStringList{QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)});
-    EXPECT_EQ(fortschritt, (QList<bool>{true, false}));
-    EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Bereit);
-    EXPECT_EQ(anzahlImStore(), 4);
-    EXPECT_TRUE(sync->aufrufe.isEmpty());
-    EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
-}
-
 TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGeleertWird)
 {
     // Every refusal happens before the emptying: the data folder stays as it was, sync stays
@@ -201,6 +180,19 @@ TEST_F(DatenbankImport, ScheitertDasEinsetzenLiegenDieDatenVonVorherInDerSicheru
 
 TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueIdentitaeten)
 {
+    // Cancelled in the confirmation, or in the file panel that opens in the downloads: nothing changes.
+    presenter.antworten = {kZweiterKnopf};
+    presenter.panelAntworten = {QStringList()};
+    import->datenbankImportButtonSelected();
+    EXPECT_TRUE(presenter.panelOrdner.isEmpty());
+    import->datenbankImportButtonSelected();
+    EXPECT_EQ(presenter.panelOrdner, QStringList{QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)});
+    EXPECT_EQ(fortschritt, (QList<bool>{true, false}));
+    EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Bereit);
+    EXPECT_TRUE(sync->aufrufe.isEmpty());
+    EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
+    presenter.alerts.clear();
+
     const QString archiv = fremdesArchiv(QStringLiteral("2026-11-23 10.15.00-DataBackup.fks"));
     // A stale side file from before stays where it is; the archive has none.
     QFile(heimat.datenOrdner() + "/VelmoraRechnungen.storedata-wal").open(QIODevice::WriteOnly);
@@ -216,6 +208,9 @@ TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueId
               (QStringList{"synchronisiereMitAbschluss", "trenneSyncMitAbschluss"}));
     EXPECT_GE(sync->zeiten.last() - sync->zeiten[sync->zeiten.size() - 2], 25);
     ASSERT_EQ(presenter.alerts.size(), 2);
+    EXPECT_EQ(presenter.alerts[0].titelSchluessel, "ALERT_TITLE_HINWEIS");
+    EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_REALLY_IMPORT_DATABASE");
+    EXPECT_EQ(presenter.alerts[0].knopfSchluessel, (QStringList{"BUTTON_TITLE_OK", "BUTTON_TITLE_ABBRECHEN"}));
     EXPECT_EQ(presenter.alerts[1].titelSchluessel, "ALERT_TITLE_HINWEIS");
     EXPECT_EQ(presenter.alerts[1].textSchluessel, "DATABASE_IMPORT_SUCCESSFUL");
     EXPECT_EQ(presenter.alerts[1].knopfSchluessel, QStringList{"BUTTON_TITLE_CLOSE"});
