@@ -1,42 +1,32 @@
 // The document view through its buttons: the placeholder, which actions each state offers, the
 // confirmed one-way send with its archive file and frozen PDF, paid and taking it back, the
-// export, rendering only when something changed, and the help panel.
+// export and printing, rendering only when something changed, and the help panel.
 
 #include "WorkflowTestSupport.h"
 
-#include "FKRAnsichtAktionsBox.h"
-#include "FKRHilfeBox.h"
-#include "FKRAbsender.h"
 #include "FKRDokumentZuGross.h"
-#include "FKREmpfaenger.h"
-#include "FKRPosten.h"
-#include "FKRRechnung.h"
-#include "FKRUhr.h"
-#include "QBBenutzerEinstellungen.h"
+#include "FKRHilfeBox.h"
 #include "Testbilder.h"
 
 #include <QDateTimeEdit>
-#include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QPdfDocument>
 #include <QPdfPageRenderer>
 #include <QPdfSelection>
 #include <QPdfView>
 #include <QPrinter>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QStandardPaths>
-#include <QToolButton>
 
 #include <functional>
 
 using namespace workflowtest;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 const QDateTime kJetzt(QDate(2026, 3, 11), QTime(9, 30));
+const QColor kRot(235, 10, 0);
+const QColor kErledigt(0, 0, 0, 102);
 
 class AnsichtTest : public FensterTest
 {
@@ -46,41 +36,34 @@ protected:
         FKRUhr::halteAn(kJetzt);
         baueHauptfenster();
     }
-    void TearDown() override { FKRUhr::laufeWeiter(); }
 
-    FKRRechnung *dokument(const QString &nummer, const QString &empfaengerFirma = u"Gärtnerei Lehmann"_s)
+    // Sender, recipient and one item of 2 × 45.50, saved, due in two weeks.
+    FKRRechnung *dokument(const QString &nummer)
     {
-        auto *absender = moc().insertNewObject<FKRAbsender>();
-        absender->setFirma(u"Brandt Webdesign"_s);
-        auto *empfaenger = moc().insertNewObject<FKREmpfaenger>();
-        empfaenger->setFirma(empfaengerFirma);
-        auto *r = moc().insertNewObject<FKRRechnung>();
-        r->setAbsender(absender);
-        r->setEmpfaenger(empfaenger);
-        r->setRechnungsNummer(nummer);
+        auto *r = FensterTest::dokument(nummer);
+        r->setAbsender(moc().insertNewObject<FKRAbsender>());
+        r->setEmpfaenger(moc().insertNewObject<FKREmpfaenger>());
+        r->empfaenger()->setFirma(u"Gärtnerei Lehmann"_s);
         r->setRechnungsDatum(kJetzt.addDays(-20));
         r->setFaelligkeitsDatum(kJetzt.addDays(14));
-        posten(r, 1, u"Beratung"_s);
+        posten(r, 1);
         EXPECT_TRUE(moc().save());
         return r;
     }
-    FKRPosten *posten(FKRRechnung *r, qint64 nummer, const QString &bezeichnung)
+    void posten(FKRRechnung *r, qint64 nummer)
     {
         auto *p = moc().insertNewObject<FKRPosten>();
         p->setPostenNummer(nummer);
-        p->setPostenBezeichnung(bezeichnung);
+        p->setPostenBezeichnung(u"Leistung %1"_s.arg(nummer));
         p->setAnzahl(Decimal(2));
-        p->setEinzelbetrag(*Decimal::parse("45.50"));
+        p->setEinzelbetrag(zahl("45.50"));
         p->setRechnung(r);
-        return p;
     }
     void zeige(FKRRechnung *r)
     {
         ansicht->setRechnung(r);
         ansicht->aktualisiereAnsicht();
     }
-    static void klicke(FKRAnsichtAktionsBox *box) { QTest::mouseClick(box->knopf(), Qt::LeftButton); }
-    bool sichtbar(const QWidget *w) const { return w->isVisibleTo(ansicht); }
     QString angezeigterText() const
     {
         QString text;
@@ -88,38 +71,33 @@ protected:
             text += ansicht->pdfDocument()->getAllText(seite).text();
         return text;
     }
-    static QString pdfText(const QString &pfad)
+    // The offered actions in order, "!" when red (the open step), "✓" when done; "datum" for
+    // the payment date picker.
+    QString aktionen() const
     {
-        QPdfDocument pdf;
-        if (pdf.load(pfad) != QPdfDocument::Error::None)
-            return {};
-        return pdf.getAllText(0).text();
-    }
-    QStringList archivDateien() const
-    {
-        return QDir(delegate->applicationArchiveDirectory()).entryList(QDir::Files);
-    }
-    QList<FKRAnsichtAktionsBox *> alleBoxen() const
-    {
-        return {ansicht->duplizierenButtonBox(), ansicht->mahnungButtonBox(), ansicht->sichernButtonBox(),
-                ansicht->druckenButtonBox(), ansicht->rechnungVersendetButtonBox(),
-                ansicht->rechnungBezahltButtonBox(), ansicht->rechnungUnbezahltButtonBox()};
+        const std::pair<const char *, FKRAnsichtAktionsBox *> boxen[] = {
+            {"duplizieren", ansicht->duplizierenButtonBox()}, {"mahnung", ansicht->mahnungButtonBox()},
+            {"sichern", ansicht->sichernButtonBox()},         {"drucken", ansicht->druckenButtonBox()},
+            {"versendet", ansicht->rechnungVersendetButtonBox()}, {"bezahlt", ansicht->rechnungBezahltButtonBox()},
+            {"unbezahlt", ansicht->rechnungUnbezahltButtonBox()}};
+        QStringList sichtbar;
+        for (const auto &[name, box] : boxen)
+            if (box->isVisibleTo(ansicht))
+                sichtbar << QString::fromLatin1(name)
+                                + (box->labelFarbe() == kRot ? u"!"_s : box->labelFarbe() == kErledigt ? u"✓"_s : u""_s);
+        if (ansicht->rechnungBezahltDatePicker()->isVisibleTo(ansicht))
+            sichtbar << u"datum"_s;
+        return sichtbar.join(u' ');
     }
 };
 
-const QColor kRot(235, 10, 0);
-const QColor kErledigt(0, 0, 0, 102);
-
-TEST_F(AnsichtTest, OhneDokumentNurDerPlatzhalterDerBenutzerspracheUndKeineAktion)
+TEST_F(AnsichtTest, OhneDokumentNurPlatzhalterUndHilfeKeineAktion)
 {
     QFile deutsch(u":/pdf/waehleRechnung.pdf"_s);
     ASSERT_TRUE(deutsch.open(QIODevice::ReadOnly));
     EXPECT_EQ(ansicht->angezeigtePDFDaten(), deutsch.readAll());
-    EXPECT_EQ(ansicht->pdfDocument()->status(), QPdfDocument::Status::Ready);
     EXPECT_TRUE(angezeigterText().contains(u"Wähle ein Dokument"_s)) << angezeigterText().toStdString();
-    for (auto *box : alleBoxen())
-        EXPECT_FALSE(sichtbar(box)) << box->label()->text().toStdString();
-    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltDatePicker()));
+    EXPECT_EQ(aktionen(), QString());
 
     // The menu may call every action without a document: nothing happens, nothing is asked.
     ansicht->markiereRechnungVersendet();
@@ -136,9 +114,20 @@ TEST_F(AnsichtTest, OhneDokumentNurDerPlatzhalterDerBenutzerspracheUndKeineAktio
     EXPECT_TRUE(moc().fetch<FKRRechnung>().isEmpty());
     EXPECT_TRUE(archivDateien().isEmpty());
 
+    // The help panel lies over the view; closing it asks the main window on the next turn.
+    QSignalSpy hilfe(ansicht, &FKRRechnungsAnsichtViewController::hilfeGewaehlt);
+    ansicht->zeigeHilfeBox();
+    ASSERT_TRUE(ansicht->hilfeBox()->isVisible());
+    EXPECT_EQ(ansicht->hilfeBox()->geometry(), ansicht->rect());
+    EXPECT_FALSE(ansicht->hilfeBox()->textLabel()->text().startsWith(u"HILFE_"_s));
+    QTest::mouseClick(ansicht->hilfeBox()->schliessenKnopf(), Qt::LeftButton);
+    EXPECT_EQ(hilfe.size(), 0);
+    ASSERT_TRUE(hilfe.wait(2000));
+    ansicht->zeigeHilfeBox();
+    EXPECT_FALSE(ansicht->hilfeBox()->isVisible());
+
     // An English user gets the English placeholder.
-    QLocale::setDefault(QLocale(u"en_US"_s));
-    FKRLocalizationHelper::installiereHauptTabelle();
+    setzeSprache("en_US");
     ansicht->aktualisiereAnsicht();
     EXPECT_EQ(FKRRechnungsAnsichtViewController::platzhalterPfad(), u":/pdf/selectDocument.pdf"_s);
     EXPECT_TRUE(angezeigterText().contains(u"Choose a document"_s)) << angezeigterText().toStdString();
@@ -146,62 +135,64 @@ TEST_F(AnsichtTest, OhneDokumentNurDerPlatzhalterDerBenutzerspracheUndKeineAktio
 
 TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
 {
+    const QDateTime eingang(QDate(2026, 3, 2), QTime(12, 0));
+    const struct {
+        const char *fall;
+        std::optional<bool> versandt, bezahlt;
+        int faelligInTagen;
+        std::optional<QDateTime> bezahltAm;
+        QString aktionen;
+    } faelle[] = {
+        {"draft", false, false, 14, {}, u"duplizieren sichern drucken versendet!"_s},
+        {"sent", true, false, 14, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
+        {"due since yesterday", true, false, -1, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
+        {"due today", true, false, 0, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
+        {"due without a paid mark", true, std::nullopt, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
+        {"an old date while unpaid", true, false, 14, eingang, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
+        {"paid", true, true, -1, eingang, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt datum"_s},
+        {"paid without a date", true, true, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt"_s},
+    };
     auto *r = dokument(u"Rechnung: 17"_s);
     zeige(r);
-    // A draft: sent is the open step; paid and dunning are not offered yet.
     EXPECT_TRUE(angezeigterText().contains(u"Gärtnerei Lehmann"_s));
-    EXPECT_TRUE(sichtbar(ansicht->rechnungVersendetButtonBox()));
-    EXPECT_EQ(ansicht->rechnungVersendetButtonBox()->labelFarbe(), kRot);
-    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltButtonBox()));
-    EXPECT_FALSE(sichtbar(ansicht->mahnungButtonBox()));
-    for (auto *box : {ansicht->duplizierenButtonBox(), ansicht->sichernButtonBox(), ansicht->druckenButtonBox()})
-        EXPECT_TRUE(sichtbar(box));
-
-    // Sent, unpaid, not yet due: the paid step opens, still no dunning letter.
-    r->setVersandt(true);
-    ansicht->aktualisiereAnsicht();
-    EXPECT_EQ(ansicht->rechnungVersendetButtonBox()->labelFarbe(), kErledigt);
-    EXPECT_TRUE(sichtbar(ansicht->rechnungBezahltButtonBox()));
-    EXPECT_EQ(ansicht->rechnungBezahltButtonBox()->labelFarbe(), kRot);
-    EXPECT_FALSE(sichtbar(ansicht->mahnungButtonBox()));
-    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltDatePicker()));
-
-    // Due since yesterday: the dunning letter is offered, in red.
-    r->setFaelligkeitsDatum(kJetzt.addDays(-1));
-    ansicht->aktualisiereAnsicht();
-    EXPECT_TRUE(sichtbar(ansicht->mahnungButtonBox()));
-    EXPECT_EQ(ansicht->mahnungButtonBox()->labelFarbe(), kRot);
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.fall);
+        r->setVersandt(fall.versandt);
+        r->setBezahlt(fall.bezahlt);
+        r->setFaelligkeitsDatum(kJetzt.addDays(fall.faelligInTagen));
+        r->setBezahltDatum(fall.bezahltAm);
+        ansicht->aktualisiereAnsicht();
+        EXPECT_EQ(aktionen(), fall.aktionen);
+        if (fall.aktionen.endsWith(u"datum"_s))
+            EXPECT_EQ(ansicht->rechnungBezahltDatePicker()->dateTime(), *fall.bezahltAm);
+    }
 }
 
 TEST_F(AnsichtTest, EinDokumentJenseitsDerGrenzenSagtWarumDieAnsichtLeerBleibt)
 {
-    const struct
-    {
+    const struct {
         const char *fall;
         std::function<void(FKRRechnung &)> aendere;
         QString alert;
     } faelle[] = {
         {"too much text", [](FKRRechnung &r) { r.setRechnungsText(QString(FKRDokumentZuGross::kMaxZeichen + 1, u'x')); },
-         u"ALERT_TEXT_DOKUMENT_ZU_GROSS"_s},
+         u"ALERT_TITLE_HINWEIS / ALERT_TEXT_DOKUMENT_ZU_GROSS / "_s},
         {"a signature of 40000 x 40000 pixels",
          [](FKRRechnung &r) { r.absender()->setUnterschriftImageBinary(testbilder::jpegMitKopf({40000, 40000})); },
-         u"ALERT_TEXT_ABSENDERBILD_ZU_GROSS"_s},
+         u"ALERT_TITLE_HINWEIS / ALERT_TEXT_ABSENDERBILD_ZU_GROSS / "_s},
+        {"an ordinary document after them is shown without a word", [](FKRRechnung &) {}, {}},
     };
     for (const auto &fall : faelle) {
         SCOPED_TRACE(fall.fall);
-        FKRRechnung *r = dokument(QString::fromLatin1(fall.fall));
+        FKRRechnung *r = dokument(u"Rechnung: 19"_s);
         fall.aendere(*r);
         presenter.alerts.clear();
         zeige(r);
-        EXPECT_EQ(presenter.alertTexte(), QStringList{fall.alert});
-        EXPECT_EQ(presenter.alerts.value(0).titelSchluessel, u"ALERT_TITLE_HINWEIS"_s);
-        EXPECT_EQ(ansicht->pdfDocument()->pageCount(), 0);
+        EXPECT_EQ(presenter.alerts.isEmpty() ? QString() : alertZeile(presenter.alerts.first()).left(fall.alert.size()),
+                  fall.alert);
+        EXPECT_EQ(presenter.alerts.size(), fall.alert.isEmpty() ? 0 : 1);
+        EXPECT_EQ(angezeigterText().contains(u"Rechnung: 19"_s), fall.alert.isEmpty());
     }
-    // An ordinary document after them is shown without a word.
-    presenter.alerts.clear();
-    zeige(dokument(u"Rechnung: 19"_s));
-    EXPECT_TRUE(presenter.alerts.isEmpty());
-    EXPECT_TRUE(angezeigterText().contains(u"Rechnung: 19"_s));
 }
 
 TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
@@ -209,14 +200,11 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     auto *r = dokument(u"Rechnung: 18"_s);
     r->setVersandt(true);
     zeige(r);
-    EXPECT_FALSE(sichtbar(ansicht->rechnungUnbezahltButtonBox()));
     klicke(ansicht->rechnungBezahltButtonBox());
     EXPECT_EQ(r->bezahlt(), true);
     EXPECT_EQ(r->bezahltDatum(), kJetzt);
-    EXPECT_EQ(ansicht->rechnungBezahltButtonBox()->labelFarbe(), kErledigt);
-    EXPECT_TRUE(sichtbar(ansicht->rechnungUnbezahltButtonBox()));
-    ASSERT_TRUE(sichtbar(ansicht->rechnungBezahltDatePicker()));
     EXPECT_EQ(ansicht->rechnungBezahltDatePicker()->dateTime(), kJetzt);
+    EXPECT_TRUE(aktionen().endsWith(u"bezahlt✓ unbezahlt datum"_s)) << aktionen().toStdString();
     EXPECT_FALSE(moc().hasChanges());
 
     // The user corrects the date in the picker: written and saved at once. Pressing "paid"
@@ -225,7 +213,6 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     ansicht->rechnungBezahltDatePicker()->setDateTime(eingang);
     FKRUhr::halteAn(kJetzt.addDays(1));
     klicke(ansicht->rechnungBezahltButtonBox());
-    EXPECT_EQ(r->bezahlt(), true);
     EXPECT_EQ(r->bezahltDatum(), eingang);
     EXPECT_FALSE(moc().hasChanges());
 
@@ -234,9 +221,7 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     EXPECT_EQ(r->bezahlt(), false);
     EXPECT_EQ(r->bezahltDatum(), std::nullopt);
     EXPECT_FALSE(moc().hasChanges());
-    EXPECT_EQ(ansicht->rechnungBezahltButtonBox()->labelFarbe(), kRot);
-    EXPECT_FALSE(sichtbar(ansicht->rechnungUnbezahltButtonBox()));
-    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltDatePicker()));
+    EXPECT_TRUE(aktionen().endsWith(u"versendet✓ bezahlt!"_s)) << aktionen().toStdString();
     ansicht->markiereRechnungUnbezahlt();
     EXPECT_EQ(r->bezahlt(), false);
 
@@ -247,9 +232,8 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     auto *ohneWert = dokument(u"Rechnung: 19"_s);
     ohneWert->setVersandt(true);
     ohneWert->setBezahlt(std::nullopt);
-    ohneWert->setBezahltDatum(eingang); // an old date while unpaid is neither shown nor kept
+    ohneWert->setBezahltDatum(eingang);
     zeige(ohneWert);
-    EXPECT_FALSE(sichtbar(ansicht->rechnungBezahltDatePicker()));
     klicke(ansicht->rechnungBezahltButtonBox());
     EXPECT_EQ(ohneWert->bezahlt(), true);
     EXPECT_EQ(ohneWert->bezahltDatum(), kJetzt.addDays(3));
@@ -267,23 +251,19 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
         EXPECT_EQ(r->binaryPDF(), std::nullopt);
         EXPECT_TRUE(archivDateien().isEmpty());
         EXPECT_FALSE(moc().hasChanges());
-        EXPECT_EQ(ansicht->rechnungVersendetButtonBox()->labelFarbe(), kRot);
+        EXPECT_TRUE(aktionen().endsWith(u"versendet!"_s));
     }
     ASSERT_EQ(presenter.alerts.size(), 2);
-    const FKRAlert &frage = presenter.alerts.constFirst();
-    EXPECT_EQ(frage.titelSchluessel, u"ALERT_TITLE_VERSENDEN"_s);
-    EXPECT_EQ(frage.textSchluessel, u"ALERT_TEXT_VERSENDEN"_s);
-    EXPECT_EQ(frage.knopfSchluessel, (QStringList{u"BUTTON_TITLE_VERSENDEN"_s, u"BUTTON_TITLE_ABBRECHEN"_s}));
+    EXPECT_EQ(alertZeile(presenter.alerts.first()),
+              u"ALERT_TITLE_VERSENDEN / ALERT_TEXT_VERSENDEN / BUTTON_TITLE_VERSENDEN,BUTTON_TITLE_ABBRECHEN"_s);
 
-    // Confirmed, also for a document whose sent mark held no value.
+    // Confirmed, also for a document whose sent mark held no value. One flat file name in the
+    // archive that sorts by date: no separator, no colon, no escapes.
     r->setVersandt(std::nullopt);
     klicke(ansicht->rechnungVersendetButtonBox());
     ASSERT_EQ(r->versandt(), true);
-    ASSERT_EQ(archivDateien().size(), 1);
-    const QString archiv = archivDateien().constFirst();
-    // One flat file name in the archive that sorts by date: no separator, no colon, no escapes.
-    EXPECT_EQ(archiv, u"2026-03-11 09.30.00-RE-2026 7-archived.pdf"_s);
-    QFile datei(delegate->applicationArchiveDirectory() + u"/"_s + archiv);
+    ASSERT_EQ(archivDateien(), QStringList{u"2026-03-11 09.30.00-RE-2026 7-archived.pdf"_s});
+    QFile datei(delegate->applicationArchiveDirectory() + u"/"_s + archivDateien().first());
     ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
     const QByteArray eingefroren = datei.readAll();
     EXPECT_EQ(r->binaryPDF(), eingefroren);
@@ -303,18 +283,16 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
     QCoreApplication::processEvents();
     ansicht->aktualisiereAnsicht();
     EXPECT_EQ(ansicht->angezeigtePDFDaten(), eingefroren);
-    EXPECT_TRUE(angezeigterText().contains(u"Gärtnerei Lehmann"_s));
 
-    // ... but the export is rendered anew. The proposed name is a valid file name.
+    // ... but the export is rendered anew, proposed under a valid file name in Downloads.
     const QString ziel = heimat.pfad() + u"/export.pdf"_s;
     presenter.speicherAntworten = {ziel};
     klicke(ansicht->sichernButtonBox());
-    ASSERT_EQ(presenter.speicherVorschlaege.size(), 1);
-    const QString vorschlag = presenter.speicherVorschlaege.constFirst();
     const QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
-    EXPECT_TRUE(vorschlag.startsWith(downloads + u"/"_s)) << vorschlag.toStdString();
-    EXPECT_EQ(vorschlag, downloads + u"/2026-03-11 09.32.00-RE-2026 7.pdf|pdf"_s);
-    EXPECT_TRUE(pdfText(ziel).contains(u"Baumschule Krüger"_s));
+    EXPECT_EQ(presenter.speicherVorschlaege, QStringList{downloads + u"/2026-03-11 09.32.00-RE-2026 7.pdf|pdf"_s});
+    QPdfDocument export_;
+    ASSERT_EQ(export_.load(ziel), QPdfDocument::Error::None);
+    EXPECT_TRUE(export_.getAllText(0).text().contains(u"Baumschule Krüger"_s));
     EXPECT_EQ(ansicht->angezeigtePDFDaten(), eingefroren);
 
     // Cancelling the save panel writes nothing.
@@ -370,11 +348,10 @@ TEST_F(AnsichtTest, ZeigtNieEineSeiteDesVorigenPDFs)
     auto *seiten = ansicht->pdfView()->findChild<QPdfPageRenderer *>();
     ASSERT_NE(seiten, nullptr);
     QList<QPair<QSize, QImage>> bilder;
-    QObject::connect(seiten, &QPdfPageRenderer::pageRendered, ansicht,
-                     [&](int seite, QSize groesse, const QImage &bild) {
-                         if (seite == 0)
-                             bilder.append({groesse, bild});
-                     });
+    QObject::connect(seiten, &QPdfPageRenderer::pageRendered, ansicht, [&](int seite, QSize groesse, const QImage &bild) {
+        if (seite == 0)
+            bilder.append({groesse, bild});
+    });
     // The placeholder's page is asked for when it is painted; the document follows at once.
     ansicht->pdfView()->viewport()->grab();
     zeige(r);
@@ -387,46 +364,28 @@ TEST_F(AnsichtTest, DruckenGibtJedeSeiteDesAngezeigtenPDFsAus)
 {
     auto *r = dokument(u"Rechnung: 21"_s);
     for (int i = 2; i <= 45; ++i)
-        posten(r, i, u"Leistung %1"_s.arg(i));
+        posten(r, i);
     ASSERT_TRUE(moc().save());
     zeige(r);
     const int seiten = ansicht->pdfDocument()->pageCount();
     ASSERT_GE(seiten, 2);
 
     const QString ziel = heimat.pfad() + u"/druck.pdf"_s;
-    ansicht->setDruckDialog([&](QPrinter &printer) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(ziel);
-        return true;
-    });
-    klicke(ansicht->druckenButtonBox());
+    for (const bool bestaetigt : {false, true}) {
+        ansicht->setDruckDialog([&](QPrinter &printer) {
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(ziel);
+            return bestaetigt;
+        });
+        klicke(ansicht->druckenButtonBox());
+        EXPECT_EQ(QFile::exists(ziel), bestaetigt);
+    }
     QPdfDocument druck;
     ASSERT_EQ(druck.load(ziel), QPdfDocument::Error::None);
     EXPECT_EQ(druck.pageCount(), seiten);
     const QSizeF original = ansicht->pdfDocument()->pagePointSize(0);
     EXPECT_NEAR(druck.pagePointSize(0).width(), original.width(), 1.0);
     EXPECT_NEAR(druck.pagePointSize(0).height(), original.height(), 1.0);
-
-    // A cancelled dialog prints nothing.
-    QFile::remove(ziel);
-    ansicht->setDruckDialog([](QPrinter &) { return false; });
-    klicke(ansicht->druckenButtonBox());
-    EXPECT_FALSE(QFile::exists(ziel));
-}
-
-TEST_F(AnsichtTest, HilfeLiegtUeberDerAnsichtUndSchliessenFragtDasHauptfenster)
-{
-    QSignalSpy hilfe(ansicht, &FKRRechnungsAnsichtViewController::hilfeGewaehlt);
-    ansicht->zeigeHilfeBox();
-    ASSERT_TRUE(ansicht->hilfeBox()->isVisible());
-    EXPECT_EQ(ansicht->hilfeBox()->geometry(), ansicht->rect());
-    EXPECT_FALSE(ansicht->hilfeBox()->textLabel()->text().startsWith(u"HILFE_"_s));
-
-    QTest::mouseClick(ansicht->hilfeBox()->schliessenKnopf(), Qt::LeftButton);
-    EXPECT_EQ(hilfe.size(), 0); // on the next turn of the event loop
-    ASSERT_TRUE(hilfe.wait(2000));
-    ansicht->zeigeHilfeBox();
-    EXPECT_FALSE(ansicht->hilfeBox()->isVisible());
 }
 
 } // namespace

@@ -3,38 +3,19 @@
 
 #include "WorkflowTestSupport.h"
 
-#include "FKRAnsichtAktionsBox.h"
 #include "FKRAppWindowController.h"
-#include "FKRArrayController.h"
-#include "FKRDezimalFeld.h"
 #include "FKREditorAbsenderTab.h"
 #include "FKREditorBetragTab.h"
 #include "FKREditorEmpfaengerTab.h"
-#include "FKREditorPostenTab.h"
-#include "FKREmpfaenger.h"
-#include "FKRMenuKnopf.h"
-#include "FKRRechnung.h"
-#include "FKRRechnungsDetailsViewController.h"
-#include "FKRRechnungsDetailsWindowController.h"
+#include "FKRDezimalFeld.h"
 
-#include <QDir>
 #include <QLineEdit>
 #include <QPdfDocument>
-#include <QPointer>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTableView>
-#include <QToolButton>
 
 using namespace workflowtest;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-Decimal zahl(const char *text)
-{
-    return *Decimal::parse(text);
-}
 
 class StrasseTest : public FensterTest
 {
@@ -42,8 +23,7 @@ protected:
     // The whole program on a desktop of the given locale.
     explicit StrasseTest(const char *locale = "de_DE")
     {
-        QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
-        FKRLocalizationHelper::installiereHauptTabelle();
+        setzeSprache(locale);
         fenster = std::make_unique<FKRAppWindowController>(*delegate);
         delegate->setFensterSchicht(fenster.get());
         fenster->show();
@@ -53,33 +33,6 @@ protected:
     {
         delegate->setFensterSchicht(nullptr);
         fenster.reset();
-        QLocale::setDefault(QLocale(u"de_DE"_s));
-        FKRLocalizationHelper::installiereHauptTabelle();
-    }
-
-    static void ersetze(QWidget *feld, const QString &text)
-    {
-        QTest::keyClick(feld, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(feld, text);
-    }
-
-    static void bearbeiteZelle(FKRRechnungsDetailsViewController &editor, int spalte, const QString &text)
-    {
-        QTableView *tabelle = editor.postenTab()->postenTableView;
-        const QModelIndex zelle = editor.rechnungsPostenArrayController().index(0, spalte);
-        tabelle->setCurrentIndex(zelle);
-        tabelle->edit(zelle);
-        QWidget *feld = tabelle->indexWidget(zelle);
-        ASSERT_NE(feld, nullptr);
-        ersetze(feld, text);
-        QTest::keyClick(feld, Qt::Key_Return);
-        QCoreApplication::processEvents();
-    }
-
-    static void klicke(FKRAnsichtAktionsBox *box)
-    {
-        ASSERT_TRUE(box->isVisible());
-        QTest::mouseClick(box->knopf(), Qt::LeftButton);
     }
 
     // Next until the editor's last tab closes its window.
@@ -93,52 +46,44 @@ protected:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_TRUE(offen.isNull());
     }
-
-    QStringList archivDateien() const
-    {
-        return QDir(delegate->applicationArchiveDirectory()).entryList({u"*-archived.pdf"_s}, QDir::Files);
-    }
-
     bool zeigtPdfMitSeiten()
     {
         QPdfDocument *pdf = fenster->ansichtViewController()->pdfDocument();
         return apptest::warteBis([&] { return pdf->status() == QPdfDocument::Status::Ready && pdf->pageCount() >= 1; },
                                  5000);
     }
-
+    QList<FKRRechnung *> imBereich(int bereich)
+    {
+        QTest::mouseClick(fenster->menuViewController()->bereichsKnopf(bereich), Qt::LeftButton);
+        return liste();
+    }
     QList<FKRRechnung *> liste() { return fenster->listeViewController()->rechnungenListeArrayController().arranged<FKRRechnung>(); }
 
     std::unique_ptr<FKRAppWindowController> fenster;
 };
 
-// What differs between a German and an English desktop on the road of one invoice.
+// What differs between a German and an English desktop: the number's label, the item sum of
+// 1 × 450, then of 2 × 450, then the total with VAT.
 struct Sprache {
     const char *locale;
-    QString nummer;
-    QString einzeln; // the item sum of 1 × 450, then of 2 × 450, then the total with VAT
-    QString summe;
-    QString gesamt;
+    QString nummer, einzeln, summe, gesamt;
 };
 
 class StrasseInSprache : public StrasseTest, public ::testing::WithParamInterface<Sprache>
 {
 protected:
-    StrasseInSprache()
-        : StrasseTest(GetParam().locale)
-    {
-    }
+    StrasseInSprache() : StrasseTest(GetParam().locale) {}
 };
 
 INSTANTIATE_TEST_SUITE_P(Desktops, StrasseInSprache,
                          ::testing::Values(Sprache{"de_DE", u"Rechnung: "_s, u"€ 450,00"_s, u"€ 900,00"_s, u"€ 1.071,00"_s},
-                                           Sprache{"en_US", u"Invoice: "_s, u"€ 450.00"_s, u"€ 900.00"_s,
-                                                   u"€ 1,071.00"_s}),
+                                           Sprache{"en_US", u"Invoice: "_s, u"€ 450.00"_s, u"€ 900.00"_s, u"€ 1,071.00"_s}),
                          [](const auto &info) { return std::string(info.param.locale); });
 
 TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
 {
     const Sprache &sprache = GetParam();
-    // Ctrl+Shift+N: a new document, opened in the editor.
+    // Ctrl+Shift+N: a new document, opened in the editor, due in two weeks.
     QTest::keyClick(fenster.get(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     auto *editorFenster = FKRRechnungsDetailsWindowController::aktuellesFenster();
     ASSERT_NE(editorFenster, nullptr);
@@ -146,7 +91,6 @@ TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
     FKRRechnung *rechnung = editor.rechnung();
     ASSERT_NE(rechnung, nullptr);
     EXPECT_EQ(rechnung->rechnungsNummer(), sprache.nummer);
-    // Due in two weeks, so not listed as due on the day it is written.
     EXPECT_EQ(rechnung->faelligkeitsDatum()->date(), QDate::currentDate().addDays(14));
     EXPECT_FALSE(rechnung->isFaellig());
 
@@ -159,14 +103,12 @@ TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
     bearbeiteZelle(editor, FKREditorPostenTab::kAnzahl, u"2"_s);
     EXPECT_EQ(editor.postenTab()->postenTabRechnungsSummeTextField->text(), sprache.summe);
 
-    // Amounts: gross with 19 % VAT.
+    // Amounts: gross with 19 % VAT. Then recipient and sender, each made for the document and named.
     QTest::mouseClick(editor.weiterButton(), Qt::LeftButton);
     QTest::mouseClick(editor.betragTab()->betragTabBruttoRadioButton, Qt::LeftButton);
     ersetze(editor.betragTab()->betragTabMwStSatzTextField, u"19"_s);
     EXPECT_EQ(rechnung->mwStSatz(), zahl("0.19"));
     EXPECT_EQ(editor.betragTab()->betragTabRechnungsSummeTextField->text(), sprache.gesamt);
-
-    // Recipient and sender: the first of each is made for the document, then named.
     QTest::mouseClick(editor.weiterButton(), Qt::LeftButton);
     ASSERT_NE(rechnung->empfaenger(), nullptr);
     ersetze(editor.empfaengerTab()->empfaengerTabFirmaTextField, u"Nordlicht Verlag"_s);
@@ -179,12 +121,13 @@ TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
     EXPECT_FALSE(moc().hasChanges());
     EXPECT_EQ(rechnung->empfaenger()->firma(), u"Nordlicht Verlag"_s);
     fenster->listeViewController()->setSelectedObjects({rechnung});
-    EXPECT_EQ(fenster->ansichtViewController()->rechnung(), rechnung);
+    FKRRechnungsAnsichtViewController *ansicht = fenster->ansichtViewController();
+    EXPECT_EQ(ansicht->rechnung(), rechnung);
     ASSERT_TRUE(zeigtPdfMitSeiten());
 
     // Sent: archived once, and the archive's bytes are what the document keeps.
-    FKRRechnungsAnsichtViewController *ansicht = fenster->ansichtViewController();
     EXPECT_FALSE(ansicht->rechnungBezahltButtonBox()->isVisible());
+    ASSERT_TRUE(ansicht->rechnungVersendetButtonBox()->isVisible());
     klicke(ansicht->rechnungVersendetButtonBox());
     EXPECT_EQ(rechnung->versandt(), true);
     const QStringList archiv = archivDateien();
@@ -198,8 +141,7 @@ TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
     klicke(ansicht->rechnungBezahltButtonBox());
     EXPECT_EQ(rechnung->bezahlt(), true);
     EXPECT_TRUE(rechnung->bezahltDatum().has_value());
-    QTest::mouseClick(fenster->menuViewController()->bereichsKnopf(3), Qt::LeftButton);
-    EXPECT_EQ(liste(), QList<FKRRechnung *>{rechnung});
+    EXPECT_EQ(imBereich(3), QList<FKRRechnung *>{rechnung});
     EXPECT_FALSE(moc().hasChanges());
 }
 
@@ -207,9 +149,8 @@ TEST_F(StrasseTest, EineFaelligeRechnungWirdZurMahnung)
 {
     auto *kunde = moc().insertNewObject<FKREmpfaenger>();
     kunde->setFirma(u"Café Amsel"_s);
-    auto *rechnung = moc().insertNewObject<FKRRechnung>();
+    auto *rechnung = dokument(u"Rechnung: 2026-019"_s);
     rechnung->setDokumentArt(3);
-    rechnung->setRechnungsNummer(u"Rechnung: 2026-019"_s);
     rechnung->setEmpfaenger(kunde);
     rechnung->setFaelligkeitsDatum(QDateTime::currentDateTime().addDays(-3));
     rechnung->setVersandt(true);
@@ -217,10 +158,10 @@ TEST_F(StrasseTest, EineFaelligeRechnungWirdZurMahnung)
     delegate->saveAction();
 
     // The due area lists it; the view offers the dunning letter.
-    QTest::mouseClick(fenster->menuViewController()->bereichsKnopf(2), Qt::LeftButton);
-    ASSERT_EQ(liste(), QList<FKRRechnung *>{rechnung});
+    ASSERT_EQ(imBereich(2), QList<FKRRechnung *>{rechnung});
     fenster->listeViewController()->setSelectedObjects({rechnung});
     FKRRechnungsAnsichtViewController *ansicht = fenster->ansichtViewController();
+    ASSERT_TRUE(ansicht->mahnungButtonBox()->isVisible());
     klicke(ansicht->mahnungButtonBox());
 
     // A new draft of type 5 opens in the editor, under the drafts area.
@@ -236,21 +177,18 @@ TEST_F(StrasseTest, EineFaelligeRechnungWirdZurMahnung)
     EXPECT_FALSE(liste().contains(rechnung));
     schliesseMitWeiter(editorFenster);
 
-    // Sent and archived, then paid: both documents can now be found where they belong.
+    // Sent and archived; in the drafts area the row and the view stay until the area changes.
     fenster->listeViewController()->setSelectedObjects({mahnung});
     ASSERT_EQ(ansicht->rechnung(), mahnung);
     ASSERT_TRUE(zeigtPdfMitSeiten());
     klicke(ansicht->rechnungVersendetButtonBox());
     ASSERT_EQ(archivDateien().size(), 1);
     EXPECT_TRUE(archivDateien().first().contains(u"Mahnung"_s));
-    // Sent in the drafts area: the row and the view stay until the user changes the area.
     EXPECT_EQ(ansicht->rechnung(), mahnung);
+    // Paid: both documents can now be found where they belong, the source still unpaid and due.
     klicke(ansicht->rechnungBezahltButtonBox());
-    QTest::mouseClick(fenster->menuViewController()->bereichsKnopf(3), Qt::LeftButton);
-    EXPECT_EQ(liste(), QList<FKRRechnung *>{mahnung});
-    // The source invoice is still unpaid and due.
-    QTest::mouseClick(fenster->menuViewController()->bereichsKnopf(2), Qt::LeftButton);
-    EXPECT_EQ(liste(), QList<FKRRechnung *>{rechnung});
+    EXPECT_EQ(imBereich(3), QList<FKRRechnung *>{mahnung});
+    EXPECT_EQ(imBereich(2), QList<FKRRechnung *>{rechnung});
 }
 
 } // namespace

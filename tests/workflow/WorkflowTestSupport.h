@@ -1,44 +1,135 @@
 #pragma once
 
 // Helpers of the window tests: a delegate over a fresh data home whose alerts and panels are
-// answered from a script, and the three columns of the main window in a split view, so the
-// controllers find each other as they do in the program.
+// answered from a script, the three columns of the main window in a split view (so the
+// controllers find each other as they do in the program), and the arrange steps many tests share.
 
 #include "../app/AppTestSupport.h"
 #include "../app/SkriptPresenter.h"
 
+#include "FKRAbsender.h"
+#include "FKRAnsichtAktionsBox.h"
 #include "FKRAppDelegate.h"
+#include "FKRArrayController.h"
+#include "FKREditorPostenTab.h"
+#include "FKREmpfaenger.h"
 #include "FKRLocalizationHelper.h"
+#include "FKRMenuKnopf.h"
 #include "FKRMenuViewController.h"
+#include "FKRPosten.h"
+#include "FKRRechnung.h"
 #include "FKRRechnungenListeViewController.h"
 #include "FKRRechnungsAnsichtViewController.h"
+#include "FKRRechnungsDetailsViewController.h"
+#include "FKRRechnungsDetailsWindowController.h"
+#include "FKRUhr.h"
 #include "ManagedObjectContext.h"
+#include "QBBenutzerEinstellungen.h"
 
+#include <QDir>
 #include <QLocale>
+#include <QPointer>
+#include <QPushButton>
 #include <QSplitter>
+#include <QTableView>
 #include <QTest>
+#include <QToolButton>
 
 #include <memory>
 
 namespace workflowtest {
+
+using namespace Qt::Literals::StringLiterals;
+
+inline Decimal zahl(const char *text)
+{
+    return *Decimal::parse(text);
+}
+
+// An alert as one line: title, text and buttons by their keys.
+inline QString alertZeile(const FKRAlert &alert)
+{
+    return alert.titelSchluessel + u" / "_s + alert.textSchluessel + u" / "_s + alert.knopfSchluessel.join(u',');
+}
+
+// Replaces the text of a focused field as a user does: select all, type.
+inline void ersetze(QWidget *feld, const QString &text)
+{
+    QTest::keyClick(feld, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(feld, text);
+}
+
+inline void klicke(FKRAnsichtAktionsBox *box)
+{
+    QTest::mouseClick(box->knopf(), Qt::LeftButton);
+}
+
+inline void setzeSprache(const char *locale)
+{
+    QLocale::setDefault(QLocale(QString::fromLatin1(locale)));
+    FKRLocalizationHelper::installiereHauptTabelle();
+}
 
 class FensterTest : public ::testing::Test
 {
 protected:
     FensterTest()
     {
-        QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
-        FKRLocalizationHelper::installiereHauptTabelle();
+        setzeSprache("de_DE");
         delegate = std::make_unique<FKRAppDelegate>(presenter);
         delegate->setProzessEnde([](int status) { throw apptest::ProzessEnde{status}; });
     }
     ~FensterTest() override
     {
+        // Open editors save on closing, which needs the delegate.
+        while (auto *offen = FKRRechnungsDetailsWindowController::aktuellesFenster())
+            offen->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        FKRUhr::laufeWeiter();
         splitView.reset();
         delegate.reset();
+        setzeSprache("de_DE");
     }
 
     ManagedObjectContext &moc() { return *delegate->managedObjectContext(); }
+
+    FKRRechnung *dokument(const QString &nummer)
+    {
+        auto *r = moc().insertNewObject<FKRRechnung>();
+        r->setRechnungsNummer(nummer);
+        return r;
+    }
+
+    // The numbers of what a controller arranges, "-" for none.
+    static QStringList nummern(const FKRArrayController &controller)
+    {
+        QStringList result;
+        for (FKRRechnung *r : controller.arranged<FKRRechnung>())
+            result.append(r->rechnungsNummer().value_or(u"-"_s));
+        return result;
+    }
+
+    QStringList archivDateien() const
+    {
+        return QDir(delegate->applicationArchiveDirectory()).entryList({u"*.pdf"_s}, QDir::Files);
+    }
+
+    // Edits cell (0, spalte) of the item table and confirms with Return; the editing field.
+    static QWidget *bearbeiteZelle(FKRRechnungsDetailsViewController &editor, int spalte, const QString &text)
+    {
+        QTableView *tabelle = editor.postenTab()->postenTableView;
+        const QModelIndex zelle = editor.rechnungsPostenArrayController().index(0, spalte);
+        tabelle->setCurrentIndex(zelle);
+        tabelle->edit(zelle);
+        QPointer<QWidget> feld = tabelle->indexWidget(zelle);
+        if (!feld)
+            return nullptr;
+        ersetze(feld, text);
+        QTest::keyClick(feld, Qt::Key_Return);
+        // The view commits a cell on the next turn of the event loop.
+        QCoreApplication::processEvents();
+        return feld;
+    }
 
     // Menu, list and document view as items 0, 1 and 2 of a split view.
     void baueHauptfenster()
