@@ -66,8 +66,7 @@ TEST_F(Entities, DisplayNamesJoinCompanyAndNameByPresence)
         {nullptr, "Eva Beispiel", "Eva Beispiel", "Eva Beispiel"},
         {"Muster GmbH", nullptr, "Muster GmbH", "Muster GmbH"},
         // Only presence counts: an empty company is still joined.
-        {"", "Eva Beispiel", " - Eva Beispiel", "Eva Beispiel - "},
-        {"", nullptr, "", ""},
+        {"", "Eva Beispiel", " - Eva Beispiel", "Eva Beispiel - "}, {"", nullptr, "", ""},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(std::string(c.firma ? c.firma : "<absent>") + " / " + (c.name ? c.name : "<absent>"));

@@ -153,51 +153,37 @@ TEST_F(Status, NumberTextsAreInTheDocumentsLanguage)
     EXPECT_TRUE(mahnung->isMahnung());
 }
 
-TEST_F(Status, TypeChangeExchangesTheLabelAndKeepsTheNumber)
+// A type change exchanges the label and keeps the number; a language change relabels only the
+// labels the number begins with. Either knows the labels of the document's language only.
+TEST_F(Status, TypeAndLanguageChangesRelabelTheNumber)
 {
-    FKRRechnung *r = dokument(std::nullopt, 1, u"Rechnung: 2026-001"_s);
-    r->wechsleDokumentArt(Decimal(2));
-    EXPECT_EQ(r->rechnungsNummer(), u"Angebot: 2026-001"_s);
-    EXPECT_TRUE(r->isAngebot());
-    r->wechsleDokumentArt(Decimal(7)); // the label goes, its blank stays
-    EXPECT_EQ(r->rechnungsNummer(), u" 2026-001"_s);
-
-    // An English document knows the English labels only.
-    FKRRechnung *en = dokument(std::nullopt, 2, u"Invoice: 2026-001"_s);
-    en->wechsleDokumentArt(Decimal(2));
-    EXPECT_EQ(en->rechnungsNummer(), u"Quote: 2026-001"_s);
-    FKRRechnung *gemischt = dokument(std::nullopt, 2, u"Rechnung: 2026-001"_s);
-    gemischt->wechsleDokumentArt(Decimal(2));
-    EXPECT_EQ(gemischt->rechnungsNummer(), u"Rechnung: 2026-001"_s);
-
-    FKRRechnung *ohne = dokument();
-    ohne->wechsleDokumentArt(Decimal(1));
-    EXPECT_EQ(ohne->rechnungsNummer(), std::nullopt);
-    EXPECT_TRUE(ohne->isAnschreiben());
-}
-
-TEST_F(Status, LanguageChangeRelabelsOnlyTheLabelsTheNumberBeginsWith)
-{
-    struct Fall {
-        qint64 von, nach;
-        std::optional<QString> nummer, erwartet;
+    const struct {
+        qint64 von;
+        std::optional<QString> nummer;
+        int art;
+        qint64 nach;
+        std::optional<QString> erwartet;
+    } faelle[] = {
+        {1, u"Rechnung: 2026-001"_s, 2, 1, u"Angebot: 2026-001"_s}, {1, u"Angebot: 2026-001"_s, 7, 1, u" 2026-001"_s},
+        {2, u"Invoice: 2026-001"_s, 2, 2, u"Quote: 2026-001"_s},
+        {2, u"Rechnung: 2026-001"_s, 2, 2, u"Rechnung: 2026-001"_s},
+        {1, std::nullopt, 1, 1, std::nullopt}, {1, u"Rechnung: 2026-001"_s, 0, 2, u"Invoice: 2026-001"_s},
+        {2, u"Quote: 7"_s, 0, 1, u"Angebot: 7"_s}, {1, u"Honorarnote:"_s, 0, 2, u"Fee note:"_s},
+        {1, u"Mahnung für: Rechnung: 5"_s, 0, 2, u"Reminder for: Invoice: 5"_s},
+        {1, u"RE-2026-001"_s, 0, 2, u"RE-2026-001"_s}, {1, u"2026 Rechnung: 1"_s, 0, 2, u"2026 Rechnung: 1"_s},
+        {2, u"Rechnung: 9"_s, 0, 1, u"Rechnung: 9"_s}, {1, std::nullopt, 0, 2, std::nullopt},
     };
-    const Fall faelle[] = {
-        {1, 2, u"Rechnung: 2026-001"_s, u"Invoice: 2026-001"_s},
-        {2, 1, u"Quote: 7"_s, u"Angebot: 7"_s},
-        {1, 2, u"Honorarnote:"_s, u"Fee note:"_s},
-        {1, 2, u"Mahnung für: Rechnung: 5"_s, u"Reminder for: Invoice: 5"_s},
-        // The user's own numbers, and labels of the language the document is leaving only.
-        {1, 2, u"RE-2026-001"_s, u"RE-2026-001"_s},
-        {1, 2, u"2026 Rechnung: 1"_s, u"2026 Rechnung: 1"_s},
-        {2, 1, u"Rechnung: 9"_s, u"Rechnung: 9"_s},
-        {1, 2, std::nullopt, std::nullopt},
-    };
-    for (const Fall &fall : faelle) {
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.nummer.value_or(u"-"_s).toStdString());
         FKRRechnung *r = dokument(std::nullopt, fall.von, fall.nummer);
-        r->wechsleSprache(fall.nach);
+        if (fall.art) {
+            r->wechsleDokumentArt(Decimal(fall.art));
+            EXPECT_EQ(r->dokumentArt(), Decimal(fall.art));
+        } else {
+            r->wechsleSprache(fall.nach);
+        }
         EXPECT_EQ(r->sprache(), fall.nach);
-        EXPECT_EQ(r->rechnungsNummer(), fall.erwartet) << fall.nummer.value_or(u"-"_s).toStdString();
+        EXPECT_EQ(r->rechnungsNummer(), fall.erwartet);
     }
 }
 
