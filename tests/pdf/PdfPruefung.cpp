@@ -19,9 +19,8 @@ double zahl(const QXmlStreamAttributes &attribute, const char *name)
     return attribute.value(QLatin1String(name)).toDouble();
 }
 
-// "Key: value" (pdfinfo, qpdf) and "key = value" lines (qpdf) into a map; the first separator
-// of a line counts, so values may contain colons (a web address). A line without a separator
-// is a key with an empty value.
+// "Key: value" and "key = value" lines into a map; the first separator counts (values may hold
+// a web address).
 QMap<QString, QString> schluesselWerte(const QByteArray &ausgabe)
 {
     QMap<QString, QString> werte;
@@ -35,7 +34,7 @@ QMap<QString, QString> schluesselWerte(const QByteArray &ausgabe)
         if (stelle > 0)
             werte.insert(zeile.left(stelle).trimmed(), zeile.mid(stelle + laenge).trimmed());
         else if (!zeile.trimmed().isEmpty())
-            werte.insert(zeile.trimmed(), QString()); // a statement of its own
+            werte.insert(zeile.trimmed(), QString());
     }
     return werte;
 }
@@ -72,7 +71,6 @@ PdfPruefung::PdfPruefung(const QString &pfad)
 
 void PdfPruefung::leseWoerter(const QByteArray &xhtml)
 {
-    // <doc><page width=".." height=".."><word xMin=".." yMin=".." xMax=".." yMax="..">text</word>
     QXmlStreamReader leser(xhtml);
     while (!leser.atEnd()) {
         if (leser.readNext() != QXmlStreamReader::StartElement)
@@ -135,6 +133,23 @@ std::optional<QRectF> PdfPruefung::finde(int nummer, const QString &phrase) cons
     return treffer.isEmpty() ? std::nullopt : std::optional(treffer.first());
 }
 
+std::optional<QRectF> PdfPruefung::findeNahe(int nummer, const QString &phrase, double top) const
+{
+    std::optional<QRectF> naechste;
+    for (const QRectF &b : findeAlle(nummer, phrase))
+        if (!naechste || std::abs(b.top() - top) < std::abs(naechste->top() - top))
+            naechste = b;
+    return naechste;
+}
+
+QString PdfPruefung::fliesstext() const
+{
+    QStringList seiten;
+    for (int seite = 1; seite <= seitenAnzahl(); ++seite)
+        seiten << text(seite);
+    return seiten.join(u' ').replace(QChar(QChar::Nbsp), u' ').simplified();
+}
+
 QString PdfPruefung::text(int nummer) const
 {
     seite(nummer);
@@ -171,8 +186,7 @@ QString PdfPruefung::verschluesselungsEintraege() const
 QList<QRectF> PdfPruefung::bilder(int nummer) const
 {
     seite(nummer);
-    // <pdf2xml><page number=".."><image top=".." left=".." width=".." height=".." src=".."/>;
-    // at zoom 1 the converter's pixels are points. It writes the images out next to the XML.
+    // At zoom 1 the converter's pixels are points; it writes the images next to the XML.
     const QTemporaryDir ordner;
     const QString stamm = ordner.filePath(QStringLiteral("seite"));
     const QString seitenNummer = QString::number(nummer);
@@ -208,4 +222,47 @@ QImage PdfPruefung::bild(int nummer, double dpi) const
     maler.drawImage(QPoint(0, 0), gerendert);
     maler.end();
     return papier;
+}
+
+QRectF PdfPruefung::flaeche(const QImage &bild, double dpi, QColor farbe, int toleranz)
+{
+    int links = bild.width(), oben = bild.height(), rechts = -1, unten = -1;
+    for (int y = 0; y < bild.height(); ++y) {
+        const QRgb *zeile = reinterpret_cast<const QRgb *>(bild.constScanLine(y));
+        for (int x = 0; x < bild.width(); ++x) {
+            if (std::abs(qRed(zeile[x]) - farbe.red()) < toleranz && std::abs(qGreen(zeile[x]) - farbe.green()) < toleranz
+                && std::abs(qBlue(zeile[x]) - farbe.blue()) < toleranz) {
+                links = std::min(links, x), rechts = std::max(rechts, x);
+                oben = std::min(oben, y), unten = std::max(unten, y);
+            }
+        }
+    }
+    if (rechts < 0)
+        return {};
+    const double f = 72.0 / dpi;
+    return QRectF(QPointF(links * f, oben * f), QPointF((rechts + 1) * f, (unten + 1) * f));
+}
+
+int PdfPruefung::tinte(const QImage &bild, double dpi, double x, double y)
+{
+    const QRgb p = bild.pixel(int(x * dpi / 72.0), int(y * dpi / 72.0));
+    return 255 - std::min({qRed(p), qGreen(p), qBlue(p)});
+}
+
+QList<double> PdfPruefung::striche(const QImage &bild, double dpi, double x, double y0, double y1)
+{
+    const double f = dpi / 72.0;
+    QList<double> mitten;
+    int beginn = -1;
+    for (int py = int(y0 * f); py <= int(y1 * f); ++py) {
+        const QRgb p = bild.pixel(int(x * f), py);
+        const bool dunkel = std::min({qRed(p), qGreen(p), qBlue(p)}) < 235;
+        if (dunkel && beginn < 0)
+            beginn = py;
+        if (!dunkel && beginn >= 0) {
+            mitten << (beginn + py) / 2.0 / f;
+            beginn = -1;
+        }
+    }
+    return mitten;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-// The page writer under test: a writer whose content is whatever a test draws, the fixture that
-// writes its files to a fresh folder and reads them back, and measures on rendered pages.
+// The page writer under test: a writer whose content is whatever a test draws, and the fixture
+// that writes its files to a fresh folder and reads them back.
 #include "FKRPDFSchriften.h"
 #include "FKRPDFWriter.h"
 #include "FKRRechnung.h"
@@ -26,8 +26,7 @@ namespace writertest {
 
 inline constexpr double kDpi = 216.0; // 3 pixels per point
 
-// A writer whose content is whatever the test draws, and whose page numbers are plain texts
-// at a fixed place, so they can be found in the file.
+// A writer drawing what the test asks, with page numbers as plain texts at a fixed place.
 class ProbeWriter : public FKRPDFWriter
 {
 public:
@@ -63,6 +62,15 @@ public:
     void schreibeSeitennummer(uint seite) override { nummerierungen.append({seite, seitennummer(), false}); }
 };
 
+inline QByteArray pngBytes(const QImage &bild)
+{
+    QByteArray daten;
+    QBuffer puffer(&daten);
+    puffer.open(QIODevice::WriteOnly);
+    bild.save(&puffer, "PNG");
+    return daten;
+}
+
 // A one-colour PNG stating `punkteJeMeter` as its resolution; 0 states none (no pHYs chunk).
 inline QByteArray png(QSize pixel, QColor farbe, int punkteJeMeter = 2835)
 {
@@ -70,68 +78,34 @@ inline QByteArray png(QSize pixel, QColor farbe, int punkteJeMeter = 2835)
     bild.fill(farbe);
     bild.setDotsPerMeterX(std::max(punkteJeMeter, 1));
     bild.setDotsPerMeterY(std::max(punkteJeMeter, 1));
-    QByteArray daten;
-    QBuffer puffer(&daten);
-    puffer.open(QIODevice::WriteOnly);
-    bild.save(&puffer, "PNG");
+    QByteArray daten = pngBytes(bild);
     const qsizetype chunk = daten.indexOf("pHYs");
     if (punkteJeMeter == 0 && chunk >= 4)
         daten.remove(chunk - 4, 4 + 4 + 9 + 4); // length, type, data, CRC
     return daten;
 }
 
-// A PNG at 72 dpi (a pixel is a point) that is transparent but for a frame of `farbe` two pixels
-// wide, so that its whole box shows on a rendered page while text under it would not be hidden.
+// A PNG at 72 dpi, transparent but for a frame of `farbe` two pixels wide.
 inline QByteArray rahmenPng(QSize pixel, QColor farbe)
 {
     QImage bild(pixel, QImage::Format_ARGB32);
-    bild.fill(Qt::transparent);
-    for (int y = 0; y < pixel.height(); ++y)
-        for (int x = 0; x < pixel.width(); ++x)
-            if (x < 2 || y < 2 || x >= pixel.width() - 2 || y >= pixel.height() - 2)
-                bild.setPixelColor(x, y, farbe);
+    bild.fill(farbe);
+    for (int y = 2; y < pixel.height() - 2; ++y)
+        for (int x = 2; x < pixel.width() - 2; ++x)
+            bild.setPixelColor(x, y, Qt::transparent);
     bild.setDotsPerMeterX(2835);
     bild.setDotsPerMeterY(2835);
-    QByteArray daten;
-    QBuffer puffer(&daten);
-    puffer.open(QIODevice::WriteOnly);
-    bild.save(&puffer, "PNG");
-    return daten;
+    return pngBytes(bild);
 }
 
-// Size in points of an image of `pixel` at `punkteJeMeter`, as paper measures it.
+// Size in points of an image of `pixel` at `punkteJeMeter`.
 inline double punkte(int pixel, int punkteJeMeter = 2835)
 {
     return pixel * 72.0 / (punkteJeMeter * 0.0254);
 }
 
-// The bounding box, in points, of the pixels that have `farbe` (give or take the rendering's
-// blending at the edges).
-inline QRectF flaeche(const QImage &bild, QColor farbe)
-{
-    int links = bild.width(), oben = bild.height(), rechts = -1, unten = -1;
-    for (int y = 0; y < bild.height(); ++y) {
-        const QRgb *zeile = reinterpret_cast<const QRgb *>(bild.constScanLine(y));
-        for (int x = 0; x < bild.width(); ++x) {
-            if (std::abs(qRed(zeile[x]) - farbe.red()) < 60 && std::abs(qGreen(zeile[x]) - farbe.green()) < 60
-                && std::abs(qBlue(zeile[x]) - farbe.blue()) < 60) {
-                links = std::min(links, x), rechts = std::max(rechts, x);
-                oben = std::min(oben, y), unten = std::max(unten, y);
-            }
-        }
-    }
-    if (rechts < 0)
-        return {};
-    const double f = 72.0 / kDpi;
-    return QRectF(QPointF(links * f, oben * f), QPointF((rechts + 1) * f, (unten + 1) * f));
-}
-
-// How far the pixel at (x, y) points is from white, 0 to 255.
-inline int tinte(const QImage &bild, double x, double y)
-{
-    const QRgb p = bild.pixel(int(x * kDpi / 72.0), int(y * kDpi / 72.0));
-    return 255 - std::min({qRed(p), qGreen(p), qBlue(p)});
-}
+inline QRectF flaeche(const QImage &bild, QColor farbe) { return PdfPruefung::flaeche(bild, kDpi, farbe); }
+inline int tinte(const QImage &bild, double x, double y) { return PdfPruefung::tinte(bild, kDpi, x, y); }
 
 } // namespace writertest
 
@@ -142,7 +116,6 @@ protected:
     void TearDown() override
     {
         QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(false);
-        // The files of a failed test stay for a look.
         if (HasFailure()) {
             m_ordner.setAutoRemove(false);
             std::cerr << "PDF files kept in " << m_ordner.path().toStdString() << "\n";
@@ -151,7 +124,6 @@ protected:
 
     QString pfad(const QString &name) const { return m_ordner.filePath(name); }
 
-    // Writes a file with `inhalt` and reads it back.
     PdfPruefung schreibe(writertest::ProbeWriter &writer, const QString &name,
                          std::function<void(writertest::ProbeWriter &, FKRRechnung &)> inhalt = {})
     {
