@@ -41,6 +41,12 @@ TEST(FKRStoreEinspielung, DerGepruefteStoreWartetVerborgenBisErEingesetztWird)
     ASSERT_TRUE(einspielung.setzeEin(&fehler)) << fehler.toStdString();
     EXPECT_EQ(lies(store), gut);
     EXPECT_EQ(baum(daten).keys(), QStringList{QStringLiteral("/VelmoraRechnungen.storedata")});
+
+    // A data folder that cannot take the unpacked store any more drops the store checked before.
+    ASSERT_EQ(einspielung.pruefe(archiv, &fehler), FKRZipArchiv::Ergebnis::Erfolg) << fehler.toStdString();
+    ASSERT_TRUE(QDir(daten).removeRecursively());
+    EXPECT_EQ(einspielung.pruefe(archiv, &fehler), FKRZipArchiv::Ergebnis::SchreibFehler);
+    EXPECT_FALSE(einspielung.setzeEin(&fehler));
 }
 
 } // namespace
