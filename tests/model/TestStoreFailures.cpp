@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include <chrono>
+#include <functional>
 #include <future>
 #include <random>
 #include <thread>
@@ -174,66 +175,61 @@ TEST_F(StoreFailures, SaveWaitsForAReaderAndGivesUpOnlyAfterTheTimeout)
     EXPECT_EQ(contents(), u"RE-1 geändert:1, RE-2:1+E"_s);
 }
 
-TEST_F(StoreFailures, FileThatIsNoDatabaseIsRefusedUntouched)
+TEST_F(StoreFailures, UnusableFilesAreRefusedAndLeftByteForByte)
 {
     std::mt19937 random(4711);
     QByteArray noise(64 * 1024, '\0');
     for (char &c : noise)
         c = char(random());
-    writeFile(path, noise);
-    EXPECT_EQ(refusal(), StoreError::Kind::NotAStore);
-    EXPECT_EQ(fileBytes(path), noise);
-    EXPECT_EQ(sideFiles(path), QStringList());
-}
-
-TEST_F(StoreFailures, DatabaseOfAnotherProgramIsRefusedUntouched)
-{
-    {
-        RawSql other(path, true);
-        other.mustExec("CREATE TABLE foo (id INTEGER PRIMARY KEY, bar TEXT); INSERT INTO foo (bar) VALUES ('baz')");
-    }
-    const QByteArray before = fileBytes(path);
-    const QDateTime modified = QFileInfo(path).lastModified();
-    EXPECT_EQ(refusal(), StoreError::Kind::NotAStore);
-    EXPECT_EQ(fileBytes(path), before);
-    EXPECT_EQ(QFileInfo(path).lastModified(), modified);
-    EXPECT_EQ(RawSql(path).columns(u"FKRRechnung"_s), QStringList());
-}
-
-TEST_F(StoreFailures, TruncatedStoreIsReportedAndLeftAsItIs)
-{
-    {
-        OpenStore store(path);
-        for (int i = 0; i < 400; ++i) {
-            auto *rechnung = store.moc().insertNewObject<FKRRechnung>();
-            rechnung->setRechnungsNummer(u"RE-%1"_s.arg(i));
-            rechnung->setRechnungsText(u"Vielen Dank für Ihren Auftrag. "_s.repeated(8));
-            for (int p = 0; p < 10; ++p) {
-                auto *posten = store.moc().insertNewObject<FKRPosten>();
-                posten->setPostenBeschreibung(u"Leistung %1 im Zeitraum März bis April"_s.arg(p));
-                rechnung->addPostenObject(posten);
-            }
-        }
-        ASSERT_TRUE(store.moc().save());
-    }
-    QByteArray bytes = fileBytes(path);
-    ASSERT_GT(bytes.size(), 256 * 1024);
-    bytes.truncate(bytes.size() / 2);
-    writeFile(path, bytes);
-    const StoreError::Kind kind = refusal();
-    EXPECT_EQ(kind, StoreError::Kind::Damaged);
-    EXPECT_EQ(fileBytes(path), bytes);
-    EXPECT_EQ(sideFiles(path), QStringList());
-}
-
-TEST_F(StoreFailures, NewerSchemaVersionIsRefusedUntouched)
-{
-    writeExistingStore();
-    RawSql(path).mustExec("UPDATE VelmoraStoreMetadata SET value = '2' WHERE key = 'schemaVersion'");
+    const struct {
+        const char *was;
+        std::function<void()> anlegen;
+        StoreError::Kind art;
+    } faelle[] = {
+        {"noise", [&] { writeFile(path, noise); }, StoreError::Kind::NotAStore},
+        {"another program's database",
+         [&] { RawSql(path, true).mustExec("CREATE TABLE foo (id INTEGER PRIMARY KEY); INSERT INTO foo VALUES (1)"); },
+         StoreError::Kind::NotAStore},
+        {"truncated",
+         [&] {
+             {
+                 OpenStore store(path);
+                 for (int i = 0; i < 400; ++i) {
+                     auto *rechnung = store.moc().insertNewObject<FKRRechnung>();
+                     rechnung->setRechnungsNummer(u"RE-%1"_s.arg(i));
+                     rechnung->setRechnungsText(u"Vielen Dank für Ihren Auftrag. "_s.repeated(8));
+                     for (int p = 0; p < 10; ++p) {
+                         auto *posten = store.moc().insertNewObject<FKRPosten>();
+                         posten->setPostenBeschreibung(u"Leistung %1 im Zeitraum März bis April"_s.arg(p));
+                         rechnung->addPostenObject(posten);
+                     }
+                 }
+                 ASSERT_TRUE(store.moc().save());
+             }
+             const QByteArray bytes = fileBytes(path);
+             ASSERT_GT(bytes.size(), 256 * 1024);
+             writeFile(path, bytes.left(bytes.size() / 2));
+         },
+         StoreError::Kind::Damaged},
+        {"newer schema",
+         [&] {
+             writeExistingStore();
+             RawSql(path).mustExec("UPDATE VelmoraStoreMetadata SET value = '2' WHERE key = 'schemaVersion'");
+         },
+         StoreError::Kind::NewerVersion},
+    };
     ASSERT_GT(2, ManagedObjectModel::kSchemaVersion);
-    const QByteArray before = fileBytes(path);
-    EXPECT_EQ(refusal(), StoreError::Kind::NewerVersion);
-    EXPECT_EQ(fileBytes(path), before);
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.was);
+        QFile::remove(path);
+        fall.anlegen();
+        const QByteArray before = fileBytes(path);
+        const QDateTime modified = QFileInfo(path).lastModified();
+        EXPECT_EQ(refusal(), fall.art);
+        EXPECT_EQ(fileBytes(path), before);
+        EXPECT_EQ(QFileInfo(path).lastModified(), modified);
+        EXPECT_EQ(sideFiles(path), QStringList());
+    }
 }
 
 TEST_F(StoreFailures, PlacesWhereNoStoreCanBeMadeCannotBeOpened)
@@ -251,10 +247,7 @@ TEST_F(StoreFailures, PlacesWhereNoStoreCanBeMadeCannotBeOpened)
     ASSERT_TRUE(QDir(dir.path()).mkdir(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName)));
     EXPECT_EQ(refusal(), StoreError::Kind::CannotOpen);
     EXPECT_TRUE(QFileInfo(path).isDir());
-}
 
-TEST_F(StoreFailures, ReadOnlyFolderCannotHoldANewStore)
-{
     if (geteuid() == 0)
         GTEST_SKIP() << "the superuser writes into read-only folders";
     const QString folder = dir.filePath(u"schreibgeschuetzt"_s);
