@@ -4,29 +4,21 @@
 
 #include "WorkflowTestSupport.h"
 
-#include "FKRAbsender.h"
 #include "FKRBildLeser.h"
 #include "FKREditorAbsenderTab.h"
 #include "FKRGeschaeftspapierImageView.h"
 #include "FKRLogoImageView.h"
 #include "FKRPDFWriter.h"
-#include "FKRRechnung.h"
-#include "FKRRechnungsDetailsViewController.h"
-#include "FKRRechnungsDetailsWindowController.h"
 #include "FKRUnterschriftImageView.h"
 #include "Testbilder.h"
 
 #include <QCheckBox>
 #include <QDropEvent>
-#include <QFile>
-#include <QImage>
 #include <QMimeData>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 
 using namespace workflowtest;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -38,45 +30,42 @@ protected:
         absender = moc().insertNewObject<FKRAbsender>();
         absender->setLogoImagePath(u"file:///alt/logo.png"_s);
         moc().save();
+        for (FKRImageView *feld : felder)
+            feld->setAbsender(absender);
     }
 
-    ~BildFeldTest() override
-    {
-        while (auto *fenster = FKRRechnungsDetailsWindowController::aktuellesFenster())
-            fenster->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    // A PNG `breite` pixels wide; with `dpi` it states that resolution, otherwise none.
+    // A PNG `breite` pixels wide; with `dpi` it states that resolution, otherwise none (a new
+    // image carries the screen's resolution, which counts as none).
     QString bild(const QString &name, int breite, int dpi = 0)
     {
         QImage png(breite, 8, QImage::Format_RGB32);
         png.fill(Qt::darkCyan);
-        // A new image carries the screen's resolution, which counts as none.
         if (dpi > 0) {
             png.setDotsPerMeterX(qRound(dpi / 0.0254));
             png.setDotsPerMeterY(qRound(dpi / 0.0254));
         }
-        const QString pfad = ordner.filePath(name);
-        EXPECT_TRUE(png.save(pfad, "PNG"));
-        return pfad;
+        EXPECT_TRUE(png.save(ordner.filePath(name), "PNG"));
+        return ordner.filePath(name);
     }
-
     static QByteArray inhalt(const QString &pfad)
     {
         QFile datei(pfad);
         EXPECT_TRUE(datei.open(QIODevice::ReadOnly));
         return datei.readAll();
     }
-
-    // Drops the file on the slot as the desktop does; true when the slot accepted it.
+    std::optional<QByteArray> gespeichert(const FKRImageView *feld) const
+    {
+        return feld == &logo ? absender->logoImageBinary()
+               : feld == &unterschrift ? absender->unterschriftImageBinary() : absender->geschaeftspapierImageBinary();
+    }
+    // Drops the file on the slot as the desktop does (the drop goes to the widget that accepted
+    // the drag when it entered); true when the slot accepted it.
     static bool lasseFallen(FKRImageView &feld, const QString &pfad, const QByteArray &herkunft = {})
     {
         QMimeData daten;
         daten.setUrls({QUrl::fromLocalFile(pfad)});
         if (!herkunft.isEmpty())
             daten.setData(FKRImageView::kSlotMimeType, herkunft);
-        // The drop goes to the widget that accepted the drag when it entered, as on the desktop.
         QDragEnterEvent betreten(QPoint(10, 10), Qt::CopyAction, &daten, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&feld, &betreten);
         QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &daten, Qt::LeftButton, Qt::NoModifier);
@@ -86,32 +75,62 @@ protected:
 
     QTemporaryDir ordner;
     FKRAbsender *absender = nullptr;
+    FKRLogoImageView logo{*delegate};
+    FKRUnterschriftImageView unterschrift{*delegate};
+    FKRGeschaeftspapierImageView papier{*delegate};
+    const QList<FKRImageView *> felder{&logo, &unterschrift, &papier};
 };
 
-TEST_F(BildFeldTest, LogoPrueftDieEndungUndSpeichertDieGenauenBytes)
+TEST_F(BildFeldTest, TypBreiteUndHerkunftEntscheidenUndGespeichertWerdenDieGenauenBytes)
 {
-    FKRLogoImageView logo(*delegate);
-    logo.setAbsender(absender);
-
-    for (const QString &name : {u"logo.gif"_s, u"logo"_s, u"logo.png.txt"_s}) {
+    ASSERT_NEAR(FKRPDFWriter::instance().pageSize().width(), 595.276, 0.001);
+    const QString typ = u"ALERT_TEXT_IMAGETYPE_IMPORT_WARNING"_s, breite = u"ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING"_s;
+    const struct {
+        FKRImageView *feld;
+        QString name;
+        int pixel, dpi;
+        QByteArray herkunft;
+        QString alert; // empty: accepted
+    } faelle[] = {
+        // PNG content throughout: only the name decides the type.
+        {&logo, u"logo.gif"_s, 40, 0, {}, typ},
+        {&logo, u"logo"_s, 40, 0, {}, typ},
+        {&logo, u"logo.png.txt"_s, 40, 0, {}, typ},
+        {&logo, u"LOGO.PNG"_s, 40, 0, {}, {}},
+        // Slots of one kind refuse each other's drags without a word.
+        {&logo, u"vom-logo.png"_s, 40, 0, "FKRLogoImageView", u"-"_s},
+        {&unterschrift, u"vom-logo.png"_s, 40, 0, "FKRLogoImageView", {}},
+        // A4: the limit is 594.276 points; pixels count as points without a stated resolution,
+        // at 144 dpi twice the pixels make the same points.
+        {&papier, u"schmal.png"_s, 590, 0, {}, breite},
+        {&papier, u"a4.png"_s, 595, 0, {}, {}},
+        {&papier, u"fein-schmal.png"_s, 1180, 144, {}, breite},
+        {&papier, u"fein.png"_s, 1190, 144, {}, {}},
+        // A wrong type on this slot is explained by the letterhead's own alert.
+        {&papier, u"papier.bmp"_s, 700, 0, {}, breite},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.name.toStdString());
+        const auto vorher = gespeichert(fall.feld);
         presenter.alerts.clear();
-        // PNG content throughout: only the name decides.
-        EXPECT_FALSE(lasseFallen(logo, bild(name, 40))) << name.toStdString();
-        EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_IMAGETYPE_IMPORT_WARNING"_s});
-        EXPECT_EQ(presenter.alerts.value(0).knopfSchluessel, QStringList{u"BUTTON_TITLE_OK"_s});
+        const QString pfad = bild(fall.name, fall.pixel, fall.dpi);
+        EXPECT_EQ(lasseFallen(*fall.feld, pfad, fall.herkunft), fall.alert.isEmpty());
+        EXPECT_EQ(gespeichert(fall.feld), fall.alert.isEmpty() ? std::optional(inhalt(pfad)) : vorher);
+        EXPECT_EQ(presenter.alerts.isEmpty() ? u"-"_s : alertZeile(presenter.alerts.first()),
+                  fall.alert.isEmpty() ? u"-"_s : fall.alert == u"-"_s ? fall.alert : u"ALERT_TITLE_HINWEIS / "_s + fall.alert + u" / BUTTON_TITLE_OK"_s);
     }
-    EXPECT_EQ(absender->logoImageBinary(), std::nullopt);
-    EXPECT_FALSE(logo.zeigtBild());
-
-    presenter.alerts.clear();
-    const QString pfad = bild(u"LOGO.PNG"_s, 40);
-    EXPECT_TRUE(lasseFallen(logo, pfad));
-    EXPECT_TRUE(presenter.alerts.isEmpty());
-    EXPECT_EQ(absender->logoImageBinary(), inhalt(pfad));
     EXPECT_EQ(absender->logoImagePath(), u"file:///alt/logo.png"_s);
-    EXPECT_EQ(logo.imageFileURL(), QUrl::fromLocalFile(pfad));
+    EXPECT_EQ(logo.imageFileURL(), QUrl::fromLocalFile(ordner.filePath(u"LOGO.PNG"_s)));
     EXPECT_TRUE(logo.zeigtBild());
     EXPECT_FALSE(moc().hasChanges());
+
+    // Letter is 612 points wide.
+    FKRPDFWriter &writer = FKRPDFWriter::instance();
+    const QSizeF seite = writer.pageSize();
+    writer.setPageSize(QSizeF(612, 792));
+    EXPECT_FALSE(lasseFallen(papier, bild(u"letter-schmal.png"_s, 610)));
+    EXPECT_TRUE(lasseFallen(papier, bild(u"letter.png"_s, 611)));
+    writer.setPageSize(seite);
 
     // A file that is no image at all is refused without a word, as the desktop offers it.
     QFile text(ordner.filePath(u"notiz.png"_s));
@@ -121,71 +140,29 @@ TEST_F(BildFeldTest, LogoPrueftDieEndungUndSpeichertDieGenauenBytes)
     presenter.alerts.clear();
     EXPECT_FALSE(lasseFallen(logo, text.fileName()));
     EXPECT_TRUE(presenter.alerts.isEmpty());
-    EXPECT_EQ(absender->logoImageBinary(), inhalt(pfad));
-}
-
-TEST_F(BildFeldTest, GeschaeftspapierMussSoBreitWieDieSeiteSein)
-{
-    FKRGeschaeftspapierImageView papier(*delegate);
-    papier.setAbsender(absender);
-    FKRPDFWriter &writer = FKRPDFWriter::instance();
-    const QSizeF seite = writer.pageSize();
-    ASSERT_NEAR(seite.width(), 595.276, 0.001);
-
-    // A4: the limit is 594.276 points; pixels count as points without a stated resolution.
-    EXPECT_FALSE(lasseFallen(papier, bild(u"schmal.png"_s, 590)));
-    EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING"_s});
-    EXPECT_EQ(absender->geschaeftspapierImageBinary(), std::nullopt);
-    EXPECT_TRUE(lasseFallen(papier, bild(u"a4.png"_s, 595)));
-    // At 144 dpi, twice the pixels make the same points.
-    EXPECT_FALSE(lasseFallen(papier, bild(u"fein-schmal.png"_s, 1180, 144)));
-    const QString fein = bild(u"fein.png"_s, 1190, 144);
-    EXPECT_TRUE(lasseFallen(papier, fein));
-    EXPECT_EQ(absender->geschaeftspapierImageBinary(), inhalt(fein));
-
-    // Letter is 612 points wide.
-    writer.setPageSize(QSizeF(612, 792));
-    presenter.alerts.clear();
-    EXPECT_FALSE(lasseFallen(papier, bild(u"letter-schmal.png"_s, 610)));
-    EXPECT_TRUE(lasseFallen(papier, bild(u"letter.png"_s, 611)));
-    writer.setPageSize(seite);
-
-    // A wrong type on this slot is explained by the letterhead's own alert.
-    presenter.alerts.clear();
-    EXPECT_FALSE(lasseFallen(papier, bild(u"papier.bmp"_s, 700)));
-    EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_BUSINESSPAPER_IMPORT_WARNING"_s});
+    EXPECT_EQ(absender->logoImageBinary(), inhalt(ordner.filePath(u"LOGO.PNG"_s)));
 }
 
 TEST_F(BildFeldTest, BilderJenseitsDerGrenzenWerdenAbgelehntUndGespeicherteBenannt)
 {
-    FKRLogoImageView logo(*delegate);
-    FKRUnterschriftImageView unterschrift(*delegate);
-    FKRGeschaeftspapierImageView papier(*delegate);
     // 40000 x 40000 pixels (only the header is read), and a file of 32 MB and a byte (not read).
     const QByteArray riesig = testbilder::jpegMitKopf({40000, 40000});
-    const QString vielePixel = ordner.filePath(u"riesig.jpg"_s);
-    QFile datei(vielePixel);
-    ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
-    datei.write(riesig);
-    datei.close();
-    const QString langeDatei = bild(u"lang.png"_s, 700);
-    QFile lang(langeDatei);
+    QFile vielePixel(ordner.filePath(u"riesig.jpg"_s));
+    ASSERT_TRUE(vielePixel.open(QIODevice::WriteOnly));
+    vielePixel.write(riesig);
+    vielePixel.close();
+    QFile lang(bild(u"lang.png"_s, 700));
     ASSERT_TRUE(lang.resize(FKRBildLeser::kMaxBytes + 1));
-
-    for (FKRImageView *feld : {static_cast<FKRImageView *>(&logo), static_cast<FKRImageView *>(&unterschrift),
-                               static_cast<FKRImageView *>(&papier)}) {
-        feld->setAbsender(absender);
-        for (const QString &pfad : {vielePixel, langeDatei}) {
+    for (FKRImageView *feld : felder) {
+        for (const QString &pfad : {vielePixel.fileName(), lang.fileName()}) {
             SCOPED_TRACE(testing::Message() << feld->metaObject()->className() << " " << pfad.toStdString());
             presenter.alerts.clear();
             EXPECT_FALSE(lasseFallen(*feld, pfad));
             EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_BILD_ZU_GROSS"_s});
             EXPECT_FALSE(feld->zeigtBild());
+            EXPECT_EQ(gespeichert(feld), std::nullopt);
         }
     }
-    EXPECT_EQ(absender->logoImageBinary(), std::nullopt);
-    EXPECT_EQ(absender->unterschriftImageBinary(), std::nullopt);
-    EXPECT_EQ(absender->geschaeftspapierImageBinary(), std::nullopt);
 
     // Stored before the bounds (an older version, a restored backup): named, not decoded, and
     // held like an image, so it can be deleted.
@@ -197,22 +174,6 @@ TEST_F(BildFeldTest, BilderJenseitsDerGrenzenWerdenAbgelehntUndGespeicherteBenan
     absender->setLogoImageBinary(std::nullopt);
     logo.zeigeGespeichertesBild();
     EXPECT_FALSE(logo.zeigtBild());
-}
-
-TEST_F(BildFeldTest, ZiehenZwischenFeldernDerselbenArtWirdAbgelehnt)
-{
-    FKRLogoImageView logo(*delegate);
-    FKRUnterschriftImageView unterschrift(*delegate);
-    logo.setAbsender(absender);
-    unterschrift.setAbsender(absender);
-    const QString pfad = bild(u"logo.png"_s, 40);
-
-    EXPECT_FALSE(lasseFallen(logo, pfad, "FKRLogoImageView"));
-    EXPECT_EQ(absender->logoImageBinary(), std::nullopt);
-    EXPECT_TRUE(presenter.alerts.isEmpty());
-
-    EXPECT_TRUE(lasseFallen(unterschrift, pfad, "FKRLogoImageView"));
-    EXPECT_EQ(absender->unterschriftImageBinary(), inhalt(pfad));
 }
 
 TEST_F(BildFeldTest, ImEditorWaehlenUndLoeschenMitRueckfrage)
@@ -239,7 +200,7 @@ TEST_F(BildFeldTest, ImEditorWaehlenUndLoeschenMitRueckfrage)
     QPushButton *loeschen = tab.findChild<QPushButton *>(u"absenderLogoImageViewLoeschenButton"_s);
     presenter.antworten = {kZweiterKnopf};
     QTest::mouseClick(loeschen, Qt::LeftButton);
-    EXPECT_EQ(presenter.alerts.value(0).textSchluessel, u"ALERT_TEXT_DELETE"_s);
+    EXPECT_EQ(presenter.alertTexte(), QStringList{u"ALERT_TEXT_DELETE"_s});
     EXPECT_TRUE(absender->logoImageBinary().has_value());
     QTest::keyClick(&logo, Qt::Key_Delete);
     EXPECT_EQ(presenter.alerts.size(), 2);
@@ -247,7 +208,6 @@ TEST_F(BildFeldTest, ImEditorWaehlenUndLoeschenMitRueckfrage)
     EXPECT_EQ(absender->logoImagePath(), std::nullopt);
     EXPECT_FALSE(logo.zeigtBild());
     EXPECT_FALSE(moc().hasChanges());
-
     // An empty slot has nothing to delete and asks nothing.
     QTest::mouseClick(loeschen, Qt::LeftButton);
     EXPECT_EQ(presenter.alerts.size(), 2);
