@@ -1,6 +1,4 @@
-// Images and areas on the page, measured on a rendering of the written file: fitted into
-// their boxes without enlarging or distortion, from bytes or file URLs, nothing for anything
-// that is not a picture; grey lines and filled rectangles.
+// Images and areas on the page, measured on a rendering of the written file.
 #include "FKRDokumentZuGross.h"
 #include "Testbilder.h"
 #include "WriterTestSupport.h"
@@ -15,19 +13,22 @@ using namespace writertest;
 
 namespace {
 
+const QColor kOrange(255, 128, 0);
+
 TEST_F(PDFWriter, ImagesAreFittedIntoTheirBoxWithoutEnlargingOrDistortion)
 {
     QList<double> ys;
     const PdfPruefung pdf = schreibe(m_writer, u"bilder.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
-        // Small: its own size. Wide: limited by the width. Tall: limited by the height. Wide and
-        // still too tall after that: limited by the height. Right-aligned: right edge at x.
+        // Small: its own size; wide, tall, or wide and still too tall: limited by the box;
+        // right-aligned: right edge at x; twice the resolution: half the size; no stated
+        // resolution: a point per pixel, whatever screen the program runs on.
         ys << w.zeichneBild(png({60, 40}, Qt::red), FKRPDFWriter::Links, 100, 100, 200, 200)
            << w.zeichneBild(png({400, 100}, Qt::green), FKRPDFWriter::Links, 100, 200, 200, 200)
            << w.zeichneBild(png({100, 400}, Qt::blue), FKRPDFWriter::Links, 350, 100, 200, 200)
            << w.zeichneBild(png({400, 300}, Qt::magenta), FKRPDFWriter::Links, 100, 400, 200, 100)
            << w.zeichneBild(png({60, 40}, Qt::cyan), FKRPDFWriter::Rechts, 500, 600, 200, 200)
-           // Twice the resolution: half the size on paper.
-           << w.zeichneBild(png({100, 100}, Qt::yellow, 5669), FKRPDFWriter::Links, 100, 600, 200, 200);
+           << w.zeichneBild(png({100, 100}, Qt::yellow, 5669), FKRPDFWriter::Links, 100, 600, 200, 200)
+           << w.zeichneBild(png({100, 50}, kOrange, 0), FKRPDFWriter::Links, 250, 700, 400, 400);
     });
     const QImage bild = pdf.bild(1, kDpi);
     const struct
@@ -41,33 +42,16 @@ TEST_F(PDFWriter, ImagesAreFittedIntoTheirBoxWithoutEnlargingOrDistortion)
         {Qt::magenta, QRectF(100, 400, 100 * 400.0 / 300.0, 100)},
         {Qt::cyan, QRectF(500 - punkte(60), 600, punkte(60), punkte(40))},
         {Qt::yellow, QRectF(100, 600, punkte(100, 5669), punkte(100, 5669))},
+        {kOrange, QRectF(250, 700, 100, 50)},
     };
     for (int i = 0; i < int(std::size(faelle)); ++i) {
         SCOPED_TRACE(faelle[i].farbe.name().toStdString());
-        const QRectF gezeichnet = flaeche(bild, faelle[i].farbe);
-        const QRectF &erwartet = faelle[i].erwartet;
-        EXPECT_NEAR(gezeichnet.left(), erwartet.left(), 0.5) << testing::PrintToString(gezeichnet);
-        EXPECT_NEAR(gezeichnet.top(), erwartet.top(), 0.5) << testing::PrintToString(gezeichnet);
-        EXPECT_NEAR(gezeichnet.right(), erwartet.right(), 0.5) << testing::PrintToString(gezeichnet);
-        EXPECT_NEAR(gezeichnet.bottom(), erwartet.bottom(), 0.5) << testing::PrintToString(gezeichnet);
+        const QRectF gezeichnet = flaeche(bild, faelle[i].farbe), &erwartet = faelle[i].erwartet;
+        EXPECT_LE((gezeichnet.topLeft() - erwartet.topLeft()).manhattanLength(), 0.7) << testing::PrintToString(gezeichnet);
+        EXPECT_LE((gezeichnet.bottomRight() - erwartet.bottomRight()).manhattanLength(), 0.7)
+            << testing::PrintToString(gezeichnet);
         EXPECT_NEAR(ys.at(i), erwartet.bottom(), 1e-6);
     }
-}
-
-TEST_F(PDFWriter, ImageWithoutStatedResolutionTakesOnePointPerPixel)
-{
-    // Whatever screen the program runs on: a picture that states no resolution is measured at
-    // 72 dpi, so the same document comes out the same everywhere.
-    const QByteArray ohneAufloesung = png({100, 50}, Qt::red, 0);
-    ASSERT_FALSE(ohneAufloesung.contains("pHYs"));
-    double y = 0;
-    const PdfPruefung pdf = schreibe(m_writer, u"ohne-aufloesung.pdf"_s, [&](ProbeWriter &w, FKRRechnung &) {
-        y = w.zeichneBild(ohneAufloesung, FKRPDFWriter::Links, 100, 100, 400, 400);
-    });
-    EXPECT_NEAR(y, 150, 1e-6);
-    const QRectF rot = flaeche(pdf.bild(1, kDpi), Qt::red);
-    EXPECT_NEAR(rot.width(), 100, 0.5);
-    EXPECT_NEAR(rot.height(), 50, 0.5);
 }
 
 TEST_F(PDFWriter, ImagesFromFileUrlsAndImagesThatCannotBeDrawn)
@@ -105,7 +89,6 @@ TEST_F(PDFWriter, ImagesFromFileUrlsAndImagesThatCannotBeDrawn)
 
 TEST_F(PDFWriter, AStoredImageBeyondTheBoundsRefusesTheDocument)
 {
-    // A file too long is not even read; a picture of too many pixels is not decoded.
     const QString lang = pfad(u"lang.png"_s);
     QFile datei(lang);
     ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
@@ -139,15 +122,12 @@ TEST_F(PDFWriter, AStoredImageBeyondTheBoundsRefusesTheDocument)
 
 TEST_F(PDFWriter, AnImageOnEveryPageIsReadOnceAndHeldOnceInTheFile)
 {
-    // Noise, which no compression shrinks: each copy in the file would add its full size.
+    // Noise, which no compression shrinks.
     QImage rauschen(200, 200, QImage::Format_RGB32);
     for (int y = 0; y < rauschen.height(); ++y)
         for (int x = 0; x < rauschen.width(); ++x)
             rauschen.setPixel(x, y, QRandomGenerator::global()->generate() | 0xFF000000u);
-    QByteArray bild;
-    QBuffer puffer(&bild);
-    puffer.open(QIODevice::WriteOnly);
-    rauschen.save(&puffer, "PNG");
+    const QByteArray bild = pngBytes(rauschen);
     const auto seiten = [&](int anzahl) {
         return [&, anzahl](ProbeWriter &w, FKRRechnung &r) {
             for (int seite = 1; seite <= anzahl; ++seite) {
@@ -180,11 +160,10 @@ TEST_F(PDFWriter, LinesAreGreyAndAreasAreFilledEitherWay)
     EXPECT_EQ(tinte(bild, 99, 150), 0);
     EXPECT_EQ(tinte(bild, 301, 150), 0);
     const QRectF blau = flaeche(bild, Qt::blue), gruen = flaeche(bild, Qt::green);
-    EXPECT_NEAR(blau.left(), 100, 0.5);
-    EXPECT_NEAR(blau.top(), 200, 0.5);
-    EXPECT_NEAR(blau.bottom(), 250, 0.5);
-    EXPECT_NEAR(gruen.top(), 200, 0.5);
-    EXPECT_NEAR(gruen.bottom(), 250, 0.5);
+    EXPECT_LE((blau.topLeft() - QPointF(100, 200)).manhattanLength(), 0.7);
+    EXPECT_LE((blau.bottomRight() - QPointF(200, 250)).manhattanLength(), 0.7);
+    EXPECT_LE((gruen.topLeft() - QPointF(300, 200)).manhattanLength(), 0.7);
+    EXPECT_LE((gruen.bottomRight() - QPointF(400, 250)).manhattanLength(), 0.7);
     // A fill leaves no colour behind for the text that follows.
     const auto danach = pdf.finde(1, u"Danach"_s);
     ASSERT_TRUE(danach);
