@@ -2,19 +2,9 @@
 
 #include "ZipTestSupport.h"
 
-#include <ctime>
-#include <fcntl.h>
-
 using namespace ziptest;
 
 namespace {
-
-void setzeAlter(const QString &pfad, time_t sekunden)
-{
-    const time_t damals = std::time(nullptr) - sekunden;
-    const timespec zeiten[2] = {{damals, 0}, {damals, 0}};
-    ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(pfad).constData(), zeiten, AT_SYMLINK_NOFOLLOW), 0) << pfad.toStdString();
-}
 
 TEST(FKRArbeitsSperre, EntferntNurWasNiemandHaeltUndSichSeitEinerWeileNichtGeaendertHat)
 {
@@ -60,7 +50,7 @@ TEST(FKRArbeitsSperre, EntferntNurWasNiemandHaeltUndSichSeitEinerWeileNichtGeaen
             sperren.push_back(std::make_unique<FKRArbeitsSperre>(pfad));
             EXPECT_TRUE(sperren.back()->gehalten());
         }
-        setzeAlter(pfad, fall.alter);
+        altere(pfad, fall.alter);
     }
 
     FKRArbeitsSperre::raeumeAuf(ordner, {QStringLiteral(".DataBackup-??????.part"),

@@ -229,11 +229,8 @@ TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueId
 
     // What a killed import left next to the store goes at the next start.
     const QString rest = heimat.datenOrdner() + "/.VelmoraRechnungen.storedata.Ab12Cd";
-    {
-        QFile datei(rest);
-        ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
-        ASSERT_TRUE(datei.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
-    }
+    ziptest::schreibe(rest, {});
+    ziptest::altere(rest, 86400);
     FKRAppDelegate neuStart(presenter);
     neuStart.setProzessEnde([](int status) { throw ProzessEnde{status}; });
     neuStart.applicationDidFinishLaunching();

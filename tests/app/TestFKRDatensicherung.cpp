@@ -107,11 +107,7 @@ TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerlie
     const QString jungerEntwurf = sicherungen + QStringLiteral("/.DataBackup-def456.part");
     schreibe(alterEntwurf, "halb");
     schreibe(jungerEntwurf, "halb");
-    {
-        QFile alt(alterEntwurf);
-        ASSERT_TRUE(alt.open(QIODevice::ReadWrite));
-        alt.setFileTime(QDateTime::currentDateTime().addSecs(-7200), QFileDevice::FileModificationTime);
-    }
+    altere(alterEntwurf);
     const QByteArray erstesArchiv = lies(erwartet);
     sicherung.starte(kMoment);
     EXPECT_EQ(warteAufMeldung(sicherung).archiv, sicherungen + QStringLiteral("/2026-03-14 10.00.00 (2)-DataBackup.fks"));

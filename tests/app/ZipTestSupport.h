@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <ctime>
+#include <fcntl.h>
 #include <random>
 #include <sys/stat.h>
 
@@ -131,6 +133,14 @@ inline std::string unterschiede(const QMap<QString, QByteArray> &vorher, const Q
 }
 
 inline void schreibe(const QString &pfad, const QByteArray &bytes) { storetest::writeFile(pfad, bytes); }
+
+// Dates a file, folder or link `sekunden` back: what a run killed that long ago left behind.
+inline void altere(const QString &pfad, time_t sekunden = 7200)
+{
+    const time_t damals = std::time(nullptr) - sekunden;
+    const timespec zeiten[2] = {{damals, 0}, {damals, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(pfad).constData(), zeiten, AT_SYMLINK_NOFOLLOW), 0) << pfad.toStdString();
+}
 inline QByteArray lies(const QString &pfad) { return storetest::fileBytes(pfad); }
 
 } // namespace ziptest

@@ -13,7 +13,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include <utime.h>
 
 namespace {
 
@@ -44,9 +43,7 @@ void altesWerkstueck(const QString &pfad, bool ordner)
         ASSERT_TRUE(QDir().mkpath(pfad + "/innen"));
     else
         ziptest::schreibe(pfad, "halb");
-    const time_t vorZweiStunden = time(nullptr) - 7200;
-    const utimbuf zeiten{vorZweiStunden, vorZweiStunden};
-    ASSERT_EQ(utime(QFile::encodeName(pfad).constData(), &zeiten), 0);
+    ziptest::altere(pfad);
 }
 
 class BackupRestore : public ::testing::Test
