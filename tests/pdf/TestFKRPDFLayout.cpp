@@ -2,24 +2,17 @@
 // the due-date sentences, the dates block, the sender line, page breaks and numbers, words and
 // numbers in the document's language, the document information. Documents use the header-bar
 // layout, whose body has the full 16 cm width.
-#include "FKRAbsender.h"
 #include "FKRDokumentZuGross.h"
-#include "FKREmpfaenger.h"
 #include "FKRFehlenderWert.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRPDFHerausgeber.h"
-#include "FKRPDFLayout.h"
 #include "FKRPosten.h"
-#include "FKRRechnung.h"
-#include "ManagedObjectContext.h"
-#include "PdfPruefung.h"
 #include "Testbilder.h"
+#include "WriterTestSupport.h"
 
 #include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTimeZone>
-#include <gtest/gtest.h>
 
 #include <functional>
 
@@ -69,34 +62,10 @@ protected:
         return *p;
     }
 
-    // A sender with every detail the layouts print.
-    FKRAbsender &absender(FKRRechnung &r)
-    {
-        FKRAbsender *a = m_context.insertNewObject<FKRAbsender>();
-        a->setFirma(u"Atelierwerk"_s);
-        a->setName(u"Mira Sommer"_s);
-        a->setStrasse(u"Hafenweg 12"_s);
-        a->setPlz(u"20457"_s);
-        a->setOrt(u"Hamburg"_s);
-        a->setEmailAdresse(u"post@atelierwerk.example"_s);
-        a->setUmsatzsteuerId(u"DE123456789"_s);
-        a->setSteuerNummer(u"22/333/44444"_s);
-        a->setBankVerbindungInstitut(u"Hafenbank"_s);
-        a->setBankVerbindungIban(u"DE02120300000000202051"_s);
-        a->setBankVerbindungBic(u"BYLADEM1001"_s);
-        r.setAbsender(a);
-        return *a;
-    }
-
+    FKRAbsender &absender(FKRRechnung &r) { return writertest::vollerAbsender(m_context, r); }
     PdfPruefung rendere(FKRRechnung &r)
     {
-        const QString pfad = m_ordner.filePath(u"dokument-%1.pdf"_s.arg(++m_nummer));
-        FKRPDFLayout &layout = FKRPDFLayout::fuerRechnung(r);
-        layout.erstellePDFDateiImPfad(pfad, r);
-        EXPECT_TRUE(layout.letzteDateiGeschrieben()) << layout.letzterSchreibFehler().toStdString();
-        PdfPruefung pdf(pfad);
-        EXPECT_TRUE(pdf.gelesen()) << pdf.fehler().toStdString();
-        return pdf;
+        return writertest::rendere(r, m_ordner.filePath(u"dokument-%1.pdf"_s.arg(++m_nummer)));
     }
 
     ManagedObjectContext m_context;

@@ -91,36 +91,14 @@ protected:
             p->setEinzelbetrag(Decimal(10));
             r->addPostenObject(p);
         }
-        if (!mitAbsender)
-            return r;
-        auto *a = m_context.insertNewObject<FKRAbsender>();
-        r->setAbsender(a);
-        a->setFirma(u"Atelierwerk"_s);
-        a->setName(u"Mira Sommer"_s);
-        a->setStrasse(u"Hafenweg 12"_s);
-        a->setPlz(u"20457"_s);
-        a->setOrt(u"Hamburg"_s);
-        a->setLand(u"Deutschland"_s);
-        a->setEmailAdresse(u"post@atelierwerk.example"_s);
-        a->setTelefonNummer(u"040-1234567"_s);
-        a->setFaxNummer(u"040-1234568"_s);
-        a->setUmsatzsteuerId(u"DE123456789"_s);
-        a->setSteuerNummer(u"22/333/44444"_s);
-        a->setBankVerbindungInstitut(u"Hafenbank"_s);
-        a->setBankVerbindungIban(u"DE02120300000000202051"_s);
-        a->setBankVerbindungBic(u"BYLADEM1001"_s);
+        if (mitAbsender)
+            writertest::vollerAbsender(m_context, *r);
         return r;
     }
 
     PdfPruefung rendere(FKRRechnung *r)
     {
-        const QString pfad = m_ordner.filePath(u"dokument-%1.pdf"_s.arg(++m_nummer));
-        FKRPDFLayout &layout = FKRPDFLayout::fuerRechnung(*r);
-        layout.erstellePDFDateiImPfad(pfad, *r);
-        EXPECT_TRUE(layout.letzteDateiGeschrieben()) << layout.letzterSchreibFehler().toStdString();
-        PdfPruefung pdf(pfad);
-        EXPECT_TRUE(pdf.gelesen()) << pdf.fehler().toStdString();
-        return pdf;
+        return writertest::rendere(*r, m_ordner.filePath(u"dokument-%1.pdf"_s.arg(++m_nummer)));
     }
 
     // The occurrence of `phrase` nearest to `top`; fails the test when there is none.

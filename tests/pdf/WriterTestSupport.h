@@ -1,7 +1,9 @@
 #pragma once
 
-// The page writer under test: a writer whose content is whatever a test draws, and the fixture
-// that writes its files to a fresh folder and reads them back.
+// The page writer under test: a writer whose content is whatever a test draws, the fixture that
+// writes its files to a fresh folder and reads them back, and documents written by their layout.
+#include "FKRAbsender.h"
+#include "FKRPDFLayout.h"
 #include "FKRPDFSchriften.h"
 #include "FKRPDFWriter.h"
 #include "FKRRechnung.h"
@@ -102,6 +104,39 @@ inline QByteArray rahmenPng(QSize pixel, QColor farbe)
 inline double punkte(int pixel, int punkteJeMeter = 2835)
 {
     return pixel * 72.0 / (punkteJeMeter * 0.0254);
+}
+
+// Writes `rechnung` with its layout to `pfad` and reads it back.
+inline PdfPruefung rendere(FKRRechnung &rechnung, const QString &pfad)
+{
+    FKRPDFLayout &layout = FKRPDFLayout::fuerRechnung(rechnung);
+    layout.erstellePDFDateiImPfad(pfad, rechnung);
+    EXPECT_TRUE(layout.letzteDateiGeschrieben()) << layout.letzterSchreibFehler().toStdString();
+    PdfPruefung pdf(pfad);
+    EXPECT_TRUE(pdf.gelesen()) << pdf.fehler().toStdString();
+    return pdf;
+}
+
+// A sender with every detail the layouts print, as the sender of `rechnung`.
+inline FKRAbsender &vollerAbsender(ManagedObjectContext &context, FKRRechnung &rechnung)
+{
+    auto *a = context.insertNewObject<FKRAbsender>();
+    a->setFirma(QStringLiteral("Atelierwerk"));
+    a->setName(QStringLiteral("Mira Sommer"));
+    a->setStrasse(QStringLiteral("Hafenweg 12"));
+    a->setPlz(QStringLiteral("20457"));
+    a->setOrt(QStringLiteral("Hamburg"));
+    a->setLand(QStringLiteral("Deutschland"));
+    a->setEmailAdresse(QStringLiteral("post@atelierwerk.example"));
+    a->setTelefonNummer(QStringLiteral("040-1234567"));
+    a->setFaxNummer(QStringLiteral("040-1234568"));
+    a->setUmsatzsteuerId(QStringLiteral("DE123456789"));
+    a->setSteuerNummer(QStringLiteral("22/333/44444"));
+    a->setBankVerbindungInstitut(QStringLiteral("Hafenbank"));
+    a->setBankVerbindungIban(QStringLiteral("DE02120300000000202051"));
+    a->setBankVerbindungBic(QStringLiteral("BYLADEM1001"));
+    rechnung.setAbsender(a);
+    return *a;
 }
 
 inline QRectF flaeche(const QImage &bild, QColor farbe) { return PdfPruefung::flaeche(bild, kDpi, farbe); }
