@@ -5,7 +5,6 @@
 
 #include <QBuffer>
 #include <QFile>
-#include <QImageReader>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -15,7 +14,8 @@ using testbilder::jpegMitKopf;
 
 namespace {
 
-QByteArray kodiert(QSize groesse, const char *format, int punkteJeMeter = 2835)
+// A picture of `groesse` in `format`, padded with zeros to `laenge` bytes if given.
+QByteArray kodiert(QSize groesse, const char *format, int punkteJeMeter = 2835, qint64 laenge = 0)
 {
     QImage bild(groesse, QImage::Format_RGB32);
     bild.fill(Qt::darkCyan);
@@ -25,15 +25,9 @@ QByteArray kodiert(QSize groesse, const char *format, int punkteJeMeter = 2835)
     QBuffer puffer(&daten);
     puffer.open(QIODevice::WriteOnly);
     EXPECT_TRUE(bild.save(&puffer, format)) << format;
+    if (laenge > 0)
+        daten.resize(laenge, '\0');
     return daten;
-}
-
-// A small PNG padded to `laenge` bytes; trailing bytes do not change the picture.
-QByteArray pngMitLaenge(qint64 laenge)
-{
-    QByteArray png = kodiert({30, 20}, "PNG");
-    png.resize(laenge, '\0');
-    return png;
 }
 
 TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
@@ -59,8 +53,8 @@ TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
          u"the image is 40000 x 40000 pixels; at most 32 megapixels are taken"_s},
         {"one row more than 32 megapixels", jpegMitKopf({8000, 4001}), Ablehnung::ZuVieleBildpunkte},
         {"exactly 32 megapixels", jpegMitKopf({8000, 4000}), Ablehnung::Keine},
-        {"exactly 32 MB", pngMitLaenge(FKRBildLeser::kMaxBytes), Ablehnung::Keine},
-        {"one byte more", pngMitLaenge(FKRBildLeser::kMaxBytes + 1), Ablehnung::ZuVieleBytes,
+        {"exactly 32 MB", kodiert({30, 20}, "PNG", 2835, FKRBildLeser::kMaxBytes), Ablehnung::Keine},
+        {"one byte more", kodiert({30, 20}, "PNG", 2835, FKRBildLeser::kMaxBytes + 1), Ablehnung::ZuVieleBytes,
          u"the image file has 32.0 MB; at most 32 MB are taken"_s},
     };
     for (const auto &fall : faelle) {
@@ -71,9 +65,7 @@ TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
         EXPECT_EQ(ergebnis.zuGross(),
                   fall.ablehnung == Ablehnung::ZuVieleBytes || fall.ablehnung == Ablehnung::ZuVieleBildpunkte);
         EXPECT_EQ(ergebnis.bytes, fall.bytes.size());
-        if (!fall.grund.isEmpty()) {
-            EXPECT_EQ(ergebnis.grund(), fall.grund);
-        }
+        EXPECT_TRUE(fall.grund.isEmpty() || ergebnis.grund() == fall.grund) << ergebnis.grund().toStdString();
         EXPECT_EQ(ergebnis.grund().isEmpty(), ergebnis.gelesen());
     }
 }
@@ -84,8 +76,7 @@ TEST(FKRBildLeser, SizeOnPaperComesFromTheStatedResolution)
     const FKRBildLeser::Ergebnis fein = FKRBildLeser::lies(kodiert({100, 60}, "PNG", 5669));
     EXPECT_NEAR(fein.punkte.width(), 100 * 72 / (5669 * 0.0254), 1e-9);
     EXPECT_NEAR(fein.punkte.height(), 60 * 72 / (5669 * 0.0254), 1e-9);
-    QImage ohne(100, 60, QImage::Format_RGB32);
-    EXPECT_EQ(FKRBildLeser::groesseInPunkten(ohne), QSizeF(100, 60));
+    EXPECT_EQ(FKRBildLeser::groesseInPunkten(QImage(100, 60, QImage::Format_RGB32)), QSizeF(100, 60));
     EXPECT_EQ(FKRBildLeser::lies(kodiert({10, 10}, "PNG")).bildpunkte, QSize(10, 10));
 }
 

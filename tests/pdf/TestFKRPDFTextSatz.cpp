@@ -1,7 +1,5 @@
-// Line breaking of the page writer: the lines are those the layout engine sets by words, for
-// ordinary texts and for the ones that used to take time in the square of their length (words
-// wider than the box, long runs without a blank in any script), and a word wider than the box
-// breaks where the box ends.
+// Line breaking of the page writer: the lines the layout engine sets by words, for ordinary texts
+// and for long runs without a blank in any script; a word wider than the box breaks at its end.
 #include "FKRPDFSchriften.h"
 #include "FKRPDFTextSatz.h"
 
@@ -73,8 +71,7 @@ TEST(FKRPDFTextSatz, LinesAreTheEnginesOwnForEveryKindOfText)
 
 TEST(FKRPDFTextSatz, AWordEndsWhereTheEngineWouldBreakALine)
 {
-    // Whether a line that starts in a long run without a blank may be set by words: wrongly
-    // yes, and the engine reads a long word to its end again for each of its lines.
+    // Whether a line starting in a long run without a blank may be set by words.
     const struct
     {
         const char *art;
@@ -98,8 +95,7 @@ TEST(FKRPDFTextSatz, AWordEndsWhereTheEngineWouldBreakALine)
 
 TEST(FKRPDFTextSatz, AWordWiderThanTheBoxBreaksWhereTheBoxEnds)
 {
-    // Every character is as wide as the next, so every line but the last holds the same number
-    // of them: as many as fit, and one more would not.
+    // Every line but the last holds as many equal characters as fit, and one more would not.
     const QFont font = FKRPDFSchriften::schrift(9.0);
     const double zeichen = FKRPDFTextSatz(u"x"_s, font, 1000, Qt::AlignLeft, 0.15).breite();
     for (const int laenge : {200, 200'000}) {
