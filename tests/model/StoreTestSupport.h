@@ -26,7 +26,8 @@ inline void PrintTo(const Decimal &number, std::ostream *out) { *out << number.t
 
 namespace storetest {
 
-// Coordinator and context of one store file; the context goes first, as in the application.
+// Coordinator and context of one store file; members in this order, so the context goes first on
+// destruction, as in the application.
 struct OpenStore {
     std::unique_ptr<PersistentStoreCoordinator> coordinator;
     std::unique_ptr<ManagedObjectContext> context;
@@ -36,11 +37,6 @@ struct OpenStore {
     {
         coordinator->addPersistentStore(path);
         context = std::make_unique<ManagedObjectContext>(coordinator.get());
-    }
-    ~OpenStore()
-    {
-        context.reset();
-        coordinator.reset();
     }
     ManagedObjectContext &moc() { return *context; }
 
@@ -146,10 +142,9 @@ inline void writeFile(const QString &path, const QByteArray &bytes)
 inline QStringList sideFiles(const QString &storePath)
 {
     QStringList present;
-    for (const char *suffix : {"-journal", "-wal", "-shm"}) {
+    for (const char *suffix : {"-journal", "-wal", "-shm"})
         if (QFile::exists(storePath + QLatin1String(suffix)))
             present << storePath + QLatin1String(suffix);
-    }
     return present;
 }
 
