@@ -45,47 +45,44 @@ QByteArray bildPng(QSize pixel, double dpi, const std::function<void(QPainter &)
 
 enum class Layout { Seitenleiste = 1, Kopfleiste = 2, Fussleiste = 3 };
 
-FKRAbsender *absender(ManagedObjectContext &context, bool mitBank = true)
+// Company, name, street, postcode, town and, if given, country.
+template<class Adresse>
+Adresse *adresse(ManagedObjectContext &context, const QStringList &teile)
 {
-    auto *a = context.insertNewObject<FKRAbsender>();
-    a->setFirma(u"Brandt & Söhne Webdesign"_s);
-    a->setName(u"Johanna Brandt"_s);
-    a->setStrasse(u"Lindenallee 12"_s);
-    a->setPlz(u"04109"_s);
-    a->setOrt(u"Leipzig"_s);
-    a->setLand(u"Deutschland"_s);
+    auto *a = context.insertNewObject<Adresse>();
+    a->setFirma(teile[0]);
+    a->setName(teile[1]);
+    a->setStrasse(teile[2]);
+    a->setPlz(teile[3]);
+    a->setOrt(teile[4]);
+    if (teile.size() > 5)
+        a->setLand(teile[5]);
+    return a;
+}
+
+FKRAbsender *absender(ManagedObjectContext &context)
+{
+    auto *a = adresse<FKRAbsender>(context, {u"Brandt & Söhne Webdesign"_s, u"Johanna Brandt"_s, u"Lindenallee 12"_s,
+                                             u"04109"_s, u"Leipzig"_s, u"Deutschland"_s});
     a->setEmailAdresse(u"post@brandt-webdesign.example"_s);
     a->setTelefonNummer(u"+49 341 555 0199"_s);
     a->setUmsatzsteuerId(u"DE123456789"_s);
     a->setSteuerNummer(u"231/456/78901"_s);
-    if (mitBank) {
-        a->setBankVerbindungInstitut(u"Sparkasse Leipzig"_s);
-        a->setBankVerbindungIban(u"DE02 8605 5592 1090 0012 34"_s);
-        a->setBankVerbindungBic(u"WELADE8LXXX"_s);
-    }
+    a->setBankVerbindungInstitut(u"Sparkasse Leipzig"_s);
+    a->setBankVerbindungIban(u"DE02 8605 5592 1090 0012 34"_s);
+    a->setBankVerbindungBic(u"WELADE8LXXX"_s);
     a->setLogoImageBinary(GoldenDokumente::logo());
     a->setUnterschriftImageBinary(GoldenDokumente::unterschrift());
     return a;
 }
 
-FKREmpfaenger *empfaenger(ManagedObjectContext &context, bool englisch = false)
+FKREmpfaenger *empfaenger(ManagedObjectContext &context, bool englisch)
 {
-    auto *e = context.insertNewObject<FKREmpfaenger>();
-    if (englisch) {
-        e->setFirma(u"Northwind Traders Ltd"_s);
-        e->setName(u"Mr Oliver Hughes"_s);
-        e->setStrasse(u"221 Harbour Road"_s);
-        e->setPlz(u"BS1 4DJ"_s);
-        e->setOrt(u"Bristol"_s);
-        e->setLand(u"United Kingdom"_s);
-    } else {
-        e->setFirma(u"Gärtnerei Lehmann GmbH"_s);
-        e->setName(u"Herrn Paul Lehmann"_s);
-        e->setStrasse(u"Am Mühlgraben 3"_s);
-        e->setPlz(u"01067"_s);
-        e->setOrt(u"Dresden"_s);
-    }
-    return e;
+    if (englisch)
+        return adresse<FKREmpfaenger>(context, {u"Northwind Traders Ltd"_s, u"Mr Oliver Hughes"_s, u"221 Harbour Road"_s,
+                                                u"BS1 4DJ"_s, u"Bristol"_s, u"United Kingdom"_s});
+    return adresse<FKREmpfaenger>(context, {u"Gärtnerei Lehmann GmbH"_s, u"Herrn Paul Lehmann"_s, u"Am Mühlgraben 3"_s,
+                                            u"01067"_s, u"Dresden"_s});
 }
 
 void posten(ManagedObjectContext &context, FKRRechnung *r, qint64 nummer, const QString &bezeichnung,

@@ -93,23 +93,17 @@ TEST_F(PDFWriter, TextRunningOffThePageEndsAtItsEdge)
 
 TEST_F(PDFWriter, PageGeometryIsTakenFromTheSettingAtConstruction)
 {
+    // The margins are measured on the layouts' files; here the paper and the unit.
     ProbeWriter a4;
     EXPECT_EQ(a4.pageSize(), QSizeF(595.2760009765625, 841.8900146484375));
     EXPECT_EQ(a4.kcm(), 28.346464157104492);
-    EXPECT_EQ(a4.randLinks(), 2.5 * a4.kcm());
-    EXPECT_EQ(a4.randRechts(), 2.5 * a4.kcm());
-    EXPECT_EQ(a4.randOben(), 1.5 * a4.kcm());
-    EXPECT_EQ(a4.randObenZweiteSeite(), 5 * a4.kcm());
-    EXPECT_EQ(a4.randUnten(), 4 * a4.kcm());
     EXPECT_EQ(a4.kLineWidth(), 0.5);
-    EXPECT_EQ(a4.kSpalte1Breite() + a4.kSpalte2Breite() + a4.kSpalte3Breite() + a4.kSpalte4Breite(), 0.0);
     EXPECT_EQ(a4.seitennummer(), 0u);
 
     QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(true);
     ProbeWriter letter;
     EXPECT_EQ(letter.pageSize(), QSizeF(612, 792));
     EXPECT_EQ(letter.kcm(), 28.387096405029297);
-    EXPECT_EQ(letter.randObenZweiteSeite(), 5 * letter.kcm());
 
     // A writer keeps the paper it was made with; the files carry the exact media boxes.
     const PdfPruefung letterPdf = schreibe(letter, u"letter.pdf"_s);
@@ -171,7 +165,7 @@ TEST_F(PDFWriter, OnlyDocumentsOfSeveralPagesAreNumberedEachPageBeforeItEnds)
     const PdfPruefung drei = schreibe(writer, u"drei.pdf"_s, [&](ProbeWriter &w, FKRRechnung &r) {
         weiterBei << w.erzeugeNeueSeite(r) << w.erzeugeNeueSeite(r);
     });
-    EXPECT_EQ(weiterBei, QList<double>(2, writer.randObenZweiteSeite()));
+    EXPECT_EQ(weiterBei, QList<double>(2, 5 * writer.kcm()));
     // The page being left is numbered while it is still the current one; the new page's bare hook
     // follows once it has begun.
     EXPECT_EQ(writer.nummerierungen,
