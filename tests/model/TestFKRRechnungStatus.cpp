@@ -73,52 +73,44 @@ TEST_F(Status, ExactlyOneTypeTestHoldsForTheCodesOneToFive)
     }
 }
 
-TEST_F(Status, UnpaidDocumentIsDueFromTheStartOfItsDueDay)
+// An unpaid document is due from the start of its due day in Berlin; its reminder is at ten o'clock
+// on the due day, or the next ten o'clock after now.
+TEST_F(Status, DueFromTheStartOfTheDueDayAndRemindedAtTenOClock)
 {
-    FKRUhr::halteAn(berlin(5, 12, 14));
-    FKRRechnung *gestern = dokument(berlin(5, 11, 18));
-    EXPECT_TRUE(gestern->isFaellig());
-    gestern->setVersandt(true);
-    EXPECT_TRUE(gestern->isFaellig());
-    gestern->setBezahlt(true);
-    EXPECT_FALSE(gestern->isFaellig());
-    gestern->setBezahlt(std::nullopt); // only "exactly false" is unpaid
-    EXPECT_FALSE(gestern->isFaellig());
-    EXPECT_FALSE(dokument()->isFaellig());
+    const QDateTime jetzt = berlin(5, 12, 14), gestern = berlin(5, 11, 18), frueh = berlin(5, 12, 8);
+    const struct {
+        QDateTime jetzt;
+        std::optional<QDateTime> faellig;
+        bool istFaellig;
+        QDateTime erinnerung; // invalid: not checked
+        std::optional<bool> bezahlt = false, versandt = false;
+    } faelle[] = {
+        {jetzt, gestern, true}, {jetzt, gestern, true, {}, false, true}, {jetzt, gestern, false, {}, true},
+        {jetzt, gestern, false, {}, std::nullopt}, // only "exactly false" is unpaid
+        {jetzt, std::nullopt, false}, {berlin(5, 12, 0), berlin(5, 12, 23, 59), true},
+        {berlin(5, 11, 23, 59, 59), berlin(5, 12, 23, 59), false},
+        // 22:30 UTC on the 12th is already the 13th in Berlin.
+        {jetzt, iso("2026-05-12T21:30:00Z"), true}, {jetzt, iso("2026-05-12T22:30:00Z"), false},
+        {jetzt, berlin(5, 15, 16), false, berlin(5, 15, 10)}, {berlin(5, 12, 9, 30), gestern, true, berlin(5, 12, 10)},
+        {berlin(5, 12, 9, 30), frueh, true, berlin(5, 12, 10)}, {berlin(5, 12, 10), gestern, true, berlin(5, 13, 10)},
+        {berlin(5, 12, 10), frueh, true, berlin(5, 12, 10)}, // not before now: still today
+        // Across the spring change "tomorrow 10:00" is 22 hours after 11:00, at 08:00 UTC.
+        {berlin(3, 28, 11), berlin(3, 27, 12), true, iso("2026-03-29T08:00:00Z")},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(&fall - faelle);
+        FKRUhr::halteAn(fall.jetzt);
+        FKRRechnung *r = dokument(fall.faellig);
+        r->setBezahlt(fall.bezahlt);
+        r->setVersandt(fall.versandt);
+        EXPECT_EQ(r->isFaellig(), fall.istFaellig);
+        if (fall.erinnerung.isValid())
+            EXPECT_EQ(r->erinnerungsDatum(), fall.erinnerung);
+    }
     EXPECT_EQ(dokument()->erinnerungsDatum(), std::nullopt);
-
-    // Due today at 23:59: due from 00:00 today, not a second before.
-    FKRRechnung *heute = dokument(berlin(5, 12, 23, 59));
-    FKRUhr::halteAn(berlin(5, 12, 0));
-    EXPECT_TRUE(heute->isFaellig());
-    FKRUhr::halteAn(berlin(5, 11, 23, 59, 59));
-    EXPECT_FALSE(heute->isFaellig());
-    // The day ends at midnight in Berlin: 22:30 UTC on the 12th is already the 13th.
-    FKRUhr::halteAn(berlin(5, 12, 14));
-    EXPECT_TRUE(dokument(iso("2026-05-12T21:30:00Z"))->isFaellig());
-    EXPECT_FALSE(dokument(iso("2026-05-12T22:30:00Z"))->isFaellig());
-}
-
-TEST_F(Status, ReminderIsTenOClockOnTheDueDayOrTheNextTenOClock)
-{
-    FKRUhr::halteAn(berlin(5, 12, 14));
-    EXPECT_EQ(dokument(berlin(5, 15, 16))->erinnerungsDatum(), berlin(5, 15, 10));
-
-    FKRRechnung *gestern = dokument(berlin(5, 11, 18));
-    FKRRechnung *heute = dokument(berlin(5, 12, 8));
-    FKRUhr::halteAn(berlin(5, 12, 9, 30));
-    EXPECT_EQ(gestern->erinnerungsDatum(), berlin(5, 12, 10));
-    EXPECT_EQ(heute->erinnerungsDatum(), berlin(5, 12, 10));
-    FKRUhr::halteAn(berlin(5, 12, 10));
-    EXPECT_EQ(gestern->erinnerungsDatum(), berlin(5, 13, 10));
-    EXPECT_EQ(heute->erinnerungsDatum(), berlin(5, 12, 10)); // not before now: still today
-
-    // Across the spring change "tomorrow 10:00" is 22 hours after 11:00, at 08:00 UTC.
-    FKRUhr::halteAn(berlin(3, 28, 11));
-    EXPECT_EQ(dokument(berlin(3, 27, 12))->erinnerungsDatum(), iso("2026-03-29T08:00:00Z"));
-    // In the repeated autumn hour (02:30 CET = 01:30 UTC) 10:00 is CET again.
+    // In the repeated autumn hour (02:30 CET = 01:30 UTC) 10:00 is CET again; the calendar day is
+    // Berlin's: 23:30 UTC on 30 June is 1 July there.
     EXPECT_EQ(FKRRechnung::zehnUhrAm(iso("2026-10-25T01:30:00Z")), iso("2026-10-25T09:00:00Z"));
-    // The calendar day is Berlin's: 23:30 UTC on 30 June is 1 July there.
     EXPECT_EQ(FKRRechnung::zehnUhrAm(iso("2026-06-30T23:30:00Z")), berlin(7, 1, 10));
 }
 
