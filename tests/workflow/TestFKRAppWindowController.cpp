@@ -5,52 +5,24 @@
 
 #include "WorkflowTestSupport.h"
 
-#include "FKRAppWindowController.h"
-#include "FKRArrayController.h"
 #include "FKRHilfeBox.h"
-#include "FKREmpfaenger.h"
-#include "FKRMenuKnopf.h"
-#include "FKRPosten.h"
-#include "FKRRechnung.h"
-#include "FKRRechnungsDetailsViewController.h"
-#include "FKRRechnungsDetailsWindowController.h"
 
-#include <QPointer>
-#include <QPushButton>
 #include <QSettings>
-#include <QTableView>
-#include "QBBenutzerEinstellungen.h"
 
 using namespace workflowtest;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class HauptfensterTest : public FensterTest
+class HauptfensterTest : public ProgrammTest
 {
 protected:
-    HauptfensterTest()
-    {
-        fenster = std::make_unique<FKRAppWindowController>(*delegate);
-        delegate->setFensterSchicht(fenster.get());
-        fenster->show();
-    }
-    ~HauptfensterTest() override
-    {
-        delegate->setFensterSchicht(nullptr);
-        fenster.reset();
-    }
-
     FKRRechnung *dokument(const QString &nummer, int faelligInTagen, bool bezahlt)
     {
-        auto *r = moc().insertNewObject<FKRRechnung>();
-        r->setRechnungsNummer(nummer);
+        auto *r = FensterTest::dokument(nummer);
         r->setFaelligkeitsDatum(QDateTime::currentDateTime().addDays(faelligInTagen));
         r->setBezahlt(bezahlt);
         return r;
     }
-
-    std::unique_ptr<FKRAppWindowController> fenster;
 };
 
 TEST_F(HauptfensterTest, ImportiertePostenGehenInDenOffenenEditor)
@@ -69,7 +41,6 @@ TEST_F(HauptfensterTest, ImportiertePostenGehenInDenOffenenEditor)
     QPointer<FKRRechnungsDetailsWindowController> editorFenster = FKRRechnungsDetailsWindowController::aktuellesFenster();
     ASSERT_TRUE(editorFenster);
     ASSERT_EQ(fenster->offenerEditor(), editorFenster->editor());
-
     delegate->handleGetUrlEvent(url);
     ASSERT_EQ(rechnung->posten().size(), 1);
     FKRPosten *posten = rechnung->posten().first();
@@ -78,6 +49,7 @@ TEST_F(HauptfensterTest, ImportiertePostenGehenInDenOffenenEditor)
     ASSERT_NE(rechnung->empfaenger(), nullptr);
     EXPECT_EQ(rechnung->empfaenger()->firma(), u"Acme"_s);
     EXPECT_EQ(editorFenster->editor()->rechnungsPostenArrayController().arranged<FKRPosten>(), QList<FKRPosten *>{posten});
+    EXPECT_EQ(editorFenster->editor()->postenTab()->postenTabRechnungsSummeTextField->text(), u"€ 120,00"_s);
     EXPECT_FALSE(moc().hasChanges());
 
     // Closing the main window (the quit decision allows it) closes the editor too.
@@ -94,12 +66,13 @@ TEST_F(HauptfensterTest, ErinnerungenInListenOrdnungUndKlickZeigtFaellige)
     dokument(u"C"_s, -5, true);
     delegate->saveAction();
 
-    // The drafts area with one row selected: reading the reminders leaves both alone.
+    // The drafts area with one row selected: reading the reminders (due date descending)
+    // leaves both alone.
     QTest::mouseClick(fenster->menuViewController()->bereichsKnopf(0), Qt::LeftButton);
     auto &liste = fenster->listeViewController()->rechnungenListeArrayController();
     fenster->listeViewController()->setSelectedObjects({faellig});
     const QList<FKRRechnung *> vorher = liste.arranged<FKRRechnung>();
-    EXPECT_EQ(fenster->unbezahlteRechnungen(), (QList<FKRRechnung *>{spaet, faellig})); // due date descending
+    EXPECT_EQ(fenster->unbezahlteRechnungen(), (QList<FKRRechnung *>{spaet, faellig}));
     EXPECT_EQ(liste.arranged<FKRRechnung>(), vorher);
     EXPECT_EQ(fenster->listeViewController()->selectedObjects(), QList<FKRRechnung *>{faellig});
 
@@ -116,42 +89,38 @@ TEST_F(HauptfensterTest, HilfeDesStartsBleibtGeschlossenWennDerBenutzerSieSchlie
         dokument(u"RE-%1"_s.arg(i), i, false);
     delegate->saveAction();
     FKRRechnungenListeViewController *liste = fenster->listeViewController();
-    FKRRechnungsAnsichtViewController *ansicht = fenster->ansichtViewController();
+    FKRHilfeBox *ansichtsHilfe = fenster->ansichtViewController()->findChild<FKRHilfeBox *>();
     QTableView *tabelle = liste->tableView();
     const QPoint obenLinks = tabelle->viewport()->mapTo(liste, tabelle->visualRect(tabelle->model()->index(0, 0)).center());
     const QImage ohneHilfe = liste->grab().toImage();
+    const auto hilfe = [&](void (FKRAppWindowController::*befehl)()) {
+        (fenster.get()->*befehl)();
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+        return liste->hilfeBox()->isVisible();
+    };
 
     // The start opens both panels; the list around the card is neither dimmed nor covered.
-    fenster->zeigeHilfe();
-    QCoreApplication::processEvents();
-    ASSERT_TRUE(liste->hilfeBox()->isVisible());
-    ASSERT_TRUE(ansicht->findChild<FKRHilfeBox *>()->isVisible());
+    ASSERT_TRUE(hilfe(&FKRAppWindowController::zeigeHilfe));
+    ASSERT_TRUE(ansichtsHilfe->isVisible());
     EXPECT_EQ(liste->childAt(obenLinks), tabelle->viewport());
     EXPECT_EQ(liste->grab().toImage().pixelColor(obenLinks), ohneHilfe.pixelColor(obenLinks));
     EXPECT_NE(liste->childAt(liste->hilfeBox()->mask().boundingRect().center()), tabelle->viewport());
 
-    // Closed by its button: both go, and the next start does not open them again.
-    QTest::mouseClick(ansicht->findChild<FKRHilfeBox *>()->schliessenKnopf(), Qt::LeftButton);
+    // Closed by its button: both go, and the next start does not open them again; the help
+    // command still does.
+    QTest::mouseClick(ansichtsHilfe->schliessenKnopf(), Qt::LeftButton);
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
     EXPECT_FALSE(liste->hilfeBox()->isVisible());
-    EXPECT_FALSE(ansicht->findChild<FKRHilfeBox *>()->isVisible());
+    EXPECT_FALSE(ansichtsHilfe->isVisible());
     EXPECT_EQ(QSettings().value(u"zeigeErklaerungstexte"_s).toBool(), false);
-    fenster->zeigeHilfe();
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(liste->hilfeBox()->isVisible());
-
-    // The help command still opens them.
-    fenster->zeigeHilfeView();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(liste->hilfeBox()->isVisible());
-    QBBenutzerEinstellungen::sharedInstance()->setZeigeErklaerungstexte(true);
-    QBBenutzerEinstellungen::sharedInstance()->sichereBenutzerEinstellungen();
+    EXPECT_FALSE(hilfe(&FKRAppWindowController::zeigeHilfe));
+    EXPECT_TRUE(hilfe(&FKRAppWindowController::zeigeHilfeView));
 
     // Put away with the help command counts as closed, too.
-    fenster->zeigeHilfeView();
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(liste->hilfeBox()->isVisible());
+    QBBenutzerEinstellungen::sharedInstance()->setZeigeErklaerungstexte(true);
+    EXPECT_FALSE(hilfe(&FKRAppWindowController::zeigeHilfeView));
     EXPECT_FALSE(FKRHilfeBox::erscheintBeimStart());
     QBBenutzerEinstellungen::sharedInstance()->setZeigeErklaerungstexte(true);
     QBBenutzerEinstellungen::sharedInstance()->sichereBenutzerEinstellungen();

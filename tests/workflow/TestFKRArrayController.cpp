@@ -3,80 +3,50 @@
 
 #include "WorkflowTestSupport.h"
 
-#include "FKRArrayController.h"
-#include "FKREmpfaenger.h"
-#include "FKRRechnung.h"
-
 using namespace workflowtest;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 class ArrayControllerTest : public FensterTest
 {
 protected:
-    FKRRechnung *dokument(const QString &nummer, FKREmpfaenger *empfaenger = nullptr)
-    {
-        auto *r = moc().insertNewObject<FKRRechnung>();
-        r->setRechnungsNummer(nummer);
-        r->setEmpfaenger(empfaenger);
-        return r;
-    }
-    QStringList nummern(const FKRArrayController &controller)
-    {
-        QStringList result;
-        for (FKRRechnung *r : controller.arranged<FKRRechnung>())
-            result.append(r->rechnungsNummer().value_or(u"-"_s));
-        return result;
-    }
+    FKRArrayController controller{moc(), u"FKRRechnung"_s};
 };
 
 TEST_F(ArrayControllerTest, OrdnetNachMehrerenSchluesselnOhneRuecksichtAufGrossschreibung)
 {
-    auto *beta = moc().insertNewObject<FKREmpfaenger>();
-    beta->setFirma(u"beta"_s);
-    auto *alpha = moc().insertNewObject<FKREmpfaenger>();
-    alpha->setFirma(u"Alpha"_s);
-    dokument(u"R2"_s, beta);
-    dokument(u"r1"_s, beta);
-    dokument(u"R3"_s, alpha);
-    auto *ohne = dokument(u"R0"_s);
-    ohne->setRechnungsNummer(std::nullopt);
+    for (const auto &[nummer, firma] : {std::pair{u"R2"_s, u"beta"_s}, {u"r1"_s, u"beta"_s}, {u"R3"_s, u"Alpha"_s}}) {
+        auto *r = dokument(nummer);
+        r->setEmpfaenger(moc().insertNewObject<FKREmpfaenger>());
+        r->empfaenger()->setFirma(firma);
+    }
+    dokument(u"R0"_s)->setRechnungsNummer(std::nullopt);
 
-    FKRArrayController controller(moc(), u"FKRRechnung"_s);
-    controller.setSortDescriptors({{u"empfaenger.firma"_s, true}, {u"rechnungsNummer"_s, true}});
     // No recipient sorts first; "Alpha" before "beta" although 'A' < 'b' only without case.
+    controller.setSortDescriptors({{u"empfaenger.firma"_s, true}, {u"rechnungsNummer"_s, true}});
     EXPECT_EQ(nummern(controller), (QStringList{u"-"_s, u"R3"_s, u"r1"_s, u"R2"_s}));
-
     controller.setSortDescriptors({{u"rechnungsNummer"_s, false}});
     EXPECT_EQ(nummern(controller), (QStringList{u"R3"_s, u"R2"_s, u"r1"_s, u"-"_s}));
-
-    controller.setFilterPredicate([](const ManagedObject &o) {
-        return static_cast<const FKRRechnung &>(o).empfaenger() != nullptr;
-    });
+    controller.setFilterPredicate([](const ManagedObject &o) { return static_cast<const FKRRechnung &>(o).empfaenger() != nullptr; });
     EXPECT_EQ(nummern(controller), (QStringList{u"R3"_s, u"R2"_s, u"r1"_s}));
     EXPECT_EQ(controller.rowCount(), 3);
 }
 
 TEST_F(ArrayControllerTest, FolgtEinfuegenLoeschenUndSpeichernOhneZeilenZuVerschieben)
 {
-    FKRArrayController controller(moc(), u"FKRRechnung"_s);
     controller.setSortDescriptors({{u"rechnungsNummer"_s, true}});
-    controller.setFilterPredicate([](const ManagedObject &o) {
-        return static_cast<const FKRRechnung &>(o).versandt() != true;
-    });
-    auto *b = dokument(u"B"_s);
+    controller.setFilterPredicate([](const ManagedObject &o) { return static_cast<const FKRRechnung &>(o).versandt() != true; });
     // An insert is seen by the next reader at once, and by the views on the next turn.
+    auto *b = dokument(u"B"_s);
     EXPECT_EQ(nummern(controller), QStringList{u"B"_s});
-
     auto *neu = controller.newObjectOf<FKRRechnung>();
     EXPECT_EQ(controller.rowOf(neu), 1); // new rows join at the end
     neu->setRechnungsNummer(u"A"_s);
     b->setVersandt(true);
     ASSERT_TRUE(moc().save());
-    // A save neither reorders nor drops a row that no longer passes the filter ...
+    // A save neither reorders nor drops a row that no longer passes the filter, until the
+    // controller is asked to arrange again.
     EXPECT_EQ(nummern(controller), (QStringList{u"B"_s, u"A"_s}));
-    // ... until the controller is asked to arrange again.
     controller.rearrangeObjects();
     EXPECT_EQ(nummern(controller), QStringList{u"A"_s});
     controller.setFilterPredicate({});

@@ -4,32 +4,29 @@
 
 #include "WorkflowTestSupport.h"
 
-#include "FKRArrayController.h"
-#include "FKRMenuKnopf.h"
-#include "FKRRechnung.h"
-#include "QBBenutzerEinstellungen.h"
 #include "QBMStyleUtil.h"
 
 #include <QLabel>
 #include <QSignalSpy>
 
 using namespace workflowtest;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 class MenuTest : public FensterTest
 {
 protected:
-    MenuTest() { einstellungen()->setBackgroundColorRechnungen(Decimal(43)); }
+    MenuTest()
+    {
+        einstellungen()->setBackgroundColorRechnungen(Decimal(43));
+        baueHauptfenster();
+    }
     ~MenuTest() override { einstellungen()->setBackgroundColorRechnungen(Decimal(43)); }
 
     static QBBenutzerEinstellungen *einstellungen() { return QBBenutzerEinstellungen::sharedInstance(); }
-    QColor gemalt() { return menu->grab().toImage().pixelColor(1, 1); }
-    // The colour of both fields of an entry, or an invalid colour when they differ.
+    // The colour both fields of an entry paint their text with, or an invalid colour when they differ.
     static QColor farbe(const FKRMenuKnopf *knopf)
     {
-        // The colour each field paints its text with.
         const auto gemalt = [](const QLabel *feld) { return feld->palette().color(feld->foregroundRole()); };
         const QColor icon = gemalt(knopf->iconTextField());
         return icon == gemalt(knopf->labelTextField()) ? icon : QColor();
@@ -42,31 +39,23 @@ protected:
     }
 };
 
-TEST_F(MenuTest, AkzentFarbeAusDerEinstellungMitRueckfallAufGrau)
+TEST_F(MenuTest, AkzentFarbeAusDerEinstellungMitRueckfallAufGrauUndSofortGemalt)
 {
-    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(235, 10, 0));
-    einstellungen()->setBackgroundColorRechnungen(Decimal(5));
-    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(165, 165, 165));
-    einstellungen()->setBackgroundColorRechnungen(*Decimal::parse("13.5"));
-    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(165, 165, 165));
-    einstellungen()->setBackgroundColorRechnungen(Decimal::notANumber());
-    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(165, 165, 165));
-    einstellungen()->setBackgroundColorRechnungen(*Decimal::parse("63.0"));
-    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(170, 10, 150));
+    EXPECT_EQ(menu->hintergrundFarbe(), QColor(235, 10, 0));
+    const struct {
+        std::optional<Decimal> code;
+        QColor farbe;
+    } faelle[] = {{Decimal(43), {235, 10, 0}},           {Decimal(5), {165, 165, 165}},
+                  {zahl("13.5"), {165, 165, 165}},       {Decimal::notANumber(), {165, 165, 165}},
+                  {zahl("63.0"), {170, 10, 150}},        {Decimal(13), {0, 160, 230}},
+                  {Decimal(99), {165, 165, 165}}};
+    for (const auto &fall : faelle) {
+        einstellungen()->setBackgroundColorRechnungen(*fall.code);
+        EXPECT_EQ(QBMStyleUtil::appColor(), fall.farbe) << fall.code->toString();
+        EXPECT_EQ(menu->grab().toImage().pixelColor(1, 1), fall.farbe) << fall.code->toString();
+    }
     EXPECT_EQ(QBMStyleUtil::farbeFuerCode(Decimal(2)), QColor(80, 80, 80));
     EXPECT_EQ(QBMStyleUtil::mittelGrau(), QColor(165, 165, 165));
-}
-
-TEST_F(MenuTest, HintergrundFolgtDerEinstellungSofort)
-{
-    baueHauptfenster();
-    EXPECT_EQ(menu->hintergrundFarbe(), QColor(235, 10, 0));
-    EXPECT_EQ(gemalt(), QColor(235, 10, 0));
-
-    einstellungen()->setBackgroundColorRechnungen(Decimal(13));
-    EXPECT_EQ(gemalt(), QColor(0, 160, 230));
-    einstellungen()->setBackgroundColorRechnungen(Decimal(99));
-    EXPECT_EQ(gemalt(), QColor(165, 165, 165));
 }
 
 TEST_F(MenuTest, BereichsKnoepfeMarkierenFilternUndLeerenDieAnsicht)
@@ -75,10 +64,9 @@ TEST_F(MenuTest, BereichsKnoepfeMarkierenFilternUndLeerenDieAnsicht)
     auto *bezahlt = moc().insertNewObject<FKRRechnung>();
     bezahlt->setBezahlt(true);
     ASSERT_TRUE(moc().save());
-    baueHauptfenster();
     erwarteHervorgehoben(4);
-    EXPECT_EQ(menu->bereichsKnopf(0)->iconTextField()->font().family(), FKRMenuViewController::iconSchriftFamilie());
     EXPECT_FALSE(FKRMenuViewController::iconSchriftFamilie().isEmpty());
+    EXPECT_EQ(menu->bereichsKnopf(0)->iconTextField()->font().family(), FKRMenuViewController::iconSchriftFamilie());
     EXPECT_EQ(menu->hilfeButtonBox()->iconTextField()->font().pointSize(), 36);
 
     liste->setSelectedObjects({offen});
@@ -98,14 +86,10 @@ TEST_F(MenuTest, BereichsKnoepfeMarkierenFilternUndLeerenDieAnsicht)
     menu->bereichsKnopf(4)->setFocus();
     QTest::keyClick(menu->bereichsKnopf(4), Qt::Key_Return);
     erwarteHervorgehoben(4);
-
     menu->markiereAktivenBereich(7);
     erwarteHervorgehoben(-1);
-}
 
-TEST_F(MenuTest, HilfeKommtEineRundeSpaeterEinstellungenSofort)
-{
-    baueHauptfenster();
+    // Help comes one turn later, the settings at once.
     QSignalSpy hilfe(menu, &FKRMenuViewController::hilfeGewaehlt);
     QSignalSpy einstellungenSpy(menu, &FKRMenuViewController::einstellungenGewaehlt);
     QTest::mouseClick(menu->hilfeButtonBox(), Qt::LeftButton);

@@ -12,7 +12,6 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPdfDocument>
 #include <QPlainTextEdit>
 #include <QTabBar>

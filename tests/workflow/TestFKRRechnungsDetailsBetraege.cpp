@@ -9,7 +9,6 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QTabWidget>
 

@@ -6,18 +6,15 @@
 #include "../model/StoreTestSupport.h"
 
 #include "FKRDatenbankImport.h"
-#include "QBBenutzerEinstellungen.h"
 #include "QBMEinstellungenViewController.h"
 #include "QBMStyleUtil.h"
 
 #include <QCheckBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
 
 using namespace workflowtest;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -48,33 +45,26 @@ protected:
     QBMEinstellungenViewController screen{*delegate};
 };
 
-TEST_F(EinstellungenTest, FarbfelderSpeichernIhrenCodeSofort)
+TEST_F(EinstellungenTest, FarbfelderUndKontrollkaestchenSpeichernSofort)
 {
     EXPECT_EQ(screen.versionStringTextField()->text(), u"v 3.13"_s);
     EXPECT_TRUE(screen.swatch(3)->isChecked()); // the default red
-
-    QTest::mouseClick(screen.swatch(1), Qt::LeftButton);
-    EXPECT_EQ(gespeichert()->backgroundColorRechnungen(), Decimal(3));
-    EXPECT_EQ(QBMStyleUtil::appColor(), QColor(165, 165, 165));
-    EXPECT_TRUE(screen.swatch(1)->isChecked());
-    EXPECT_FALSE(screen.swatch(3)->isChecked());
-
-    const QList<int> erwartet{3, 2, 43, 53, 23, 33, 13, 63};
+    const int codes[] = {3, 2, 43, 53, 23, 33, 13, 63};
     for (int i = 1; i <= 8; ++i) {
         QTest::mouseClick(screen.swatch(i), Qt::LeftButton);
-        EXPECT_EQ(gespeichert()->backgroundColorRechnungen(), Decimal(erwartet[i - 1])) << i;
+        EXPECT_EQ(gespeichert()->backgroundColorRechnungen(), Decimal(codes[i - 1])) << i;
+        EXPECT_TRUE(screen.swatch(i)->isChecked());
+        EXPECT_FALSE(screen.swatch(i == 3 ? 1 : 3)->isChecked());
+        if (i == 1)
+            EXPECT_EQ(QBMStyleUtil::appColor(), QColor(165, 165, 165));
     }
     EXPECT_EQ(QBMStyleUtil::appColor(), QColor(170, 10, 150));
-}
 
-TEST_F(EinstellungenTest, KontrollkaestchenSchreibenDieEinstellungen)
-{
     ASSERT_TRUE(screen.dokumenteInA4Checkbox()->isChecked());
     QTest::mouseClick(screen.dokumenteInA4Checkbox(), Qt::LeftButton);
     EXPECT_TRUE(gespeichert()->pdfDocumentSizeIsLetter());
     QTest::mouseClick(screen.dokumenteInA4Checkbox(), Qt::LeftButton);
     EXPECT_FALSE(gespeichert()->pdfDocumentSizeIsLetter());
-
     QTest::mouseClick(screen.mitteilungenCheckbox(), Qt::LeftButton);
     EXPECT_TRUE(gespeichert()->deaktiviereFaelligeRechnungsMitteilungen());
     EXPECT_TRUE(sync->aufrufe.isEmpty());
@@ -96,7 +86,6 @@ TEST_F(EinstellungenTest, SyncAusTrenntVorDemSyncSchritt)
     QTest::mouseClick(screen.syncCheckbox(), Qt::LeftButton);
     EXPECT_TRUE(gespeichert()->verwendeiCloudSync());
     EXPECT_EQ(sync->aufrufe, QStringList{u"synchronisiere"_s});
-
     sync->aufrufe.clear();
     QTest::mouseClick(screen.syncCheckbox(), Qt::LeftButton);
     EXPECT_FALSE(gespeichert()->verwendeiCloudSync());
@@ -116,12 +105,11 @@ TEST_F(EinstellungenTest, ImportKnopfPrueftDieDateiBevorEtwasGeleertWird)
     // A file that only looks like a backup: while it is checked the progress shows and the
     // button cannot start a second import; then the user learns why, and every document is
     // still there.
-    moc().insertNewObject<FKRRechnung>()->setRechnungsNummer(u"Rechnung: 7"_s);
+    dokument(u"Rechnung: 7"_s);
     delegate->saveAction();
     sync->aufrufe.clear();
     QTemporaryDir ordner;
-    const QString falsch = ordner.filePath(u"sicherung.fks"_s);
-    QFile datei(falsch);
+    QFile datei(ordner.filePath(u"sicherung.fks"_s));
     ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
     datei.write("PK\x03\x04 keine Datensicherung");
     datei.close();
@@ -131,17 +119,14 @@ TEST_F(EinstellungenTest, ImportKnopfPrueftDieDateiBevorEtwasGeleertWird)
             sichtbarWaehrendDesImports = screen.spinnerView()->isVisible() && !screen.importButton()->isEnabled();
     });
     presenter.alerts.clear();
-    presenter.antworten = {kErsterKnopf};
-    presenter.panelAntworten = {QStringList{falsch}};
+    presenter.panelAntworten = {QStringList{datei.fileName()}};
     QTest::mouseClick(screen.importButton(), Qt::LeftButton);
     EXPECT_TRUE(apptest::warteBis([&] { return screen.datenbankImport().zustand() == FKRDatenbankImport::Zustand::Bereit; }));
     EXPECT_TRUE(sichtbarWaehrendDesImports);
     EXPECT_FALSE(screen.spinnerView()->isVisible());
     EXPECT_EQ(presenter.alertTexte(), (QStringList{u"ALERT_TEXT_REALLY_IMPORT_DATABASE"_s, u"DATABASE_IMPORT_PROBLEM"_s}));
     storetest::OpenStore store(delegate->storeURL());
-    const auto rechnungen = store.moc().fetch<FKRRechnung>();
-    ASSERT_EQ(rechnungen.size(), 1);
-    EXPECT_EQ(rechnungen[0]->rechnungsNummer(), u"Rechnung: 7"_s);
+    EXPECT_EQ(FensterTest::nummern(FKRArrayController(store.moc(), u"FKRRechnung"_s)), QStringList{u"Rechnung: 7"_s});
     EXPECT_TRUE(sync->aufrufe.isEmpty());
 }
 

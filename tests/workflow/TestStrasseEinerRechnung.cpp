@@ -3,13 +3,11 @@
 
 #include "WorkflowTestSupport.h"
 
-#include "FKRAppWindowController.h"
 #include "FKREditorAbsenderTab.h"
 #include "FKREditorBetragTab.h"
 #include "FKREditorEmpfaengerTab.h"
 #include "FKRDezimalFeld.h"
 
-#include <QLineEdit>
 #include <QPdfDocument>
 #include <QRadioButton>
 
@@ -17,23 +15,10 @@ using namespace workflowtest;
 
 namespace {
 
-class StrasseTest : public FensterTest
+class StrasseTest : public ProgrammTest
 {
 protected:
-    // The whole program on a desktop of the given locale.
-    explicit StrasseTest(const char *locale = "de_DE")
-    {
-        setzeSprache(locale);
-        fenster = std::make_unique<FKRAppWindowController>(*delegate);
-        delegate->setFensterSchicht(fenster.get());
-        fenster->show();
-        QApplication::setActiveWindow(fenster.get());
-    }
-    ~StrasseTest() override
-    {
-        delegate->setFensterSchicht(nullptr);
-        fenster.reset();
-    }
+    using ProgrammTest::ProgrammTest;
 
     // Next until the editor's last tab closes its window.
     static void schliesseMitWeiter(FKRRechnungsDetailsWindowController *editorFenster)
@@ -58,8 +43,6 @@ protected:
         return liste();
     }
     QList<FKRRechnung *> liste() { return fenster->listeViewController()->rechnungenListeArrayController().arranged<FKRRechnung>(); }
-
-    std::unique_ptr<FKRAppWindowController> fenster;
 };
 
 // What differs between a German and an English desktop: the number's label, the item sum of

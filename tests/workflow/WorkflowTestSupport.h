@@ -10,6 +10,7 @@
 #include "FKRAbsender.h"
 #include "FKRAnsichtAktionsBox.h"
 #include "FKRAppDelegate.h"
+#include "FKRAppWindowController.h"
 #include "FKRArrayController.h"
 #include "FKREditorPostenTab.h"
 #include "FKREmpfaenger.h"
@@ -27,6 +28,7 @@
 #include "QBBenutzerEinstellungen.h"
 
 #include <QDir>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPointer>
 #include <QPushButton>
@@ -152,6 +154,27 @@ protected:
     FKRMenuViewController *menu = nullptr;
     FKRRechnungenListeViewController *liste = nullptr;
     FKRRechnungsAnsichtViewController *ansicht = nullptr;
+};
+
+// The whole program's main window on a desktop of the given locale.
+class ProgrammTest : public FensterTest
+{
+protected:
+    explicit ProgrammTest(const char *locale = "de_DE")
+    {
+        setzeSprache(locale);
+        fenster = std::make_unique<FKRAppWindowController>(*delegate);
+        delegate->setFensterSchicht(fenster.get());
+        fenster->show();
+        QApplication::setActiveWindow(fenster.get());
+    }
+    ~ProgrammTest() override
+    {
+        delegate->setFensterSchicht(nullptr);
+        fenster.reset();
+    }
+
+    std::unique_ptr<FKRAppWindowController> fenster;
 };
 
 } // namespace workflowtest
