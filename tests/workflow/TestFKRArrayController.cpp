@@ -15,7 +15,8 @@ protected:
 
 TEST_F(ArrayControllerTest, OrdnetNachMehrerenSchluesselnOhneRuecksichtAufGrossschreibung)
 {
-    for (const auto &[nummer, firma] : {std::pair{u"R2"_s, u"beta"_s}, {u"r1"_s, u"beta"_s}, {u"R3"_s, u"Alpha"_s}}) {
+    for (const auto &[nummer, firma] :
+         {std::pair{u"R2"_s, u"beta"_s}, {u"r1"_s, u"beta"_s}, {u"R3"_s, u"Alpha"_s}}) {
         auto *r = dokument(nummer);
         r->setEmpfaenger(moc().insertNewObject<FKREmpfaenger>());
         r->empfaenger()->setFirma(firma);
@@ -27,7 +28,8 @@ TEST_F(ArrayControllerTest, OrdnetNachMehrerenSchluesselnOhneRuecksichtAufGrosss
     EXPECT_EQ(nummern(controller), (QStringList{u"-"_s, u"R3"_s, u"r1"_s, u"R2"_s}));
     controller.setSortDescriptors({{u"rechnungsNummer"_s, false}});
     EXPECT_EQ(nummern(controller), (QStringList{u"R3"_s, u"R2"_s, u"r1"_s, u"-"_s}));
-    controller.setFilterPredicate([](const ManagedObject &o) { return static_cast<const FKRRechnung &>(o).empfaenger() != nullptr; });
+    controller.setFilterPredicate(
+        [](const ManagedObject &o) { return static_cast<const FKRRechnung &>(o).empfaenger() != nullptr; });
     EXPECT_EQ(nummern(controller), (QStringList{u"R3"_s, u"R2"_s, u"r1"_s}));
     EXPECT_EQ(controller.rowCount(), 3);
 }
@@ -35,7 +37,8 @@ TEST_F(ArrayControllerTest, OrdnetNachMehrerenSchluesselnOhneRuecksichtAufGrosss
 TEST_F(ArrayControllerTest, FolgtEinfuegenLoeschenUndSpeichernOhneZeilenZuVerschieben)
 {
     controller.setSortDescriptors({{u"rechnungsNummer"_s, true}});
-    controller.setFilterPredicate([](const ManagedObject &o) { return static_cast<const FKRRechnung &>(o).versandt() != true; });
+    controller.setFilterPredicate(
+        [](const ManagedObject &o) { return static_cast<const FKRRechnung &>(o).versandt() != true; });
     // An insert is seen by the next reader at once, and by the views on the next turn.
     auto *b = dokument(u"B"_s);
     EXPECT_EQ(nummern(controller), QStringList{u"B"_s});

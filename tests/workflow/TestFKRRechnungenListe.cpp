@@ -87,7 +87,9 @@ TEST_F(ListeTest, ZeileZeigtSummeNurWennSieBerechenbarIst)
     dokument(u"R1"_s, um(kHeute, 12))->setRabatt(std::nullopt); // the arithmetic throws
     dokument(u"R2"_s, um(kHeute, 11), true);
     ASSERT_TRUE(moc().save());
-    const auto daten = [&](int zeile, int rolle) { return liste->tableView()->model()->index(zeile, 0).data(rolle).toString(); };
+    const auto daten = [&](int zeile, int rolle) {
+        return liste->tableView()->model()->index(zeile, 0).data(rolle).toString();
+    };
     EXPECT_EQ(daten(0, FKRRechnungsZeilenDelegate::SummeRolle), QString());
     EXPECT_EQ(daten(1, FKRRechnungsZeilenDelegate::SummeRolle), u"€ 0,00"_s);
     EXPECT_EQ(daten(0, FKRRechnungsZeilenDelegate::StatusRolle), u"Fällig"_s);
@@ -218,7 +220,8 @@ TEST_F(ListeTest, LoeschenFragtEinmalFuerAlleAusgewaehltenUndDoppelklickOeffnetN
     presenter.antworten = {kZweiterKnopf};
     taste(Qt::Key_Delete);
     ASSERT_EQ(presenter.alerts.size(), 1);
-    EXPECT_EQ(alertZeile(presenter.alerts.first()), u"ALERT_TITLE_DELETE / ALERT_TEXT_DELETE / BUTTON_TITLE_OK,BUTTON_TITLE_ABBRECHEN"_s);
+    EXPECT_EQ(alertZeile(presenter.alerts.first()),
+              u"ALERT_TITLE_DELETE / ALERT_TEXT_DELETE / BUTTON_TITLE_OK,BUTTON_TITLE_ABBRECHEN"_s);
     EXPECT_EQ(nummern().size(), 4);
     taste(Qt::Key_Delete); // first button
     EXPECT_EQ(presenter.alerts.size(), 2);

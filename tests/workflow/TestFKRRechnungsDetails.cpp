@@ -64,7 +64,8 @@ TEST_F(EditorTest, DokumentOhneEmpfaengerBekommtNeuenOderDenErstenNachFirmaUndNa
 
     // Recipients exist: the first by company, then name, both without regard to case.
     FKREmpfaenger *erwartet = nullptr;
-    for (const auto &[firma, name] : {std::pair{u"Beta GmbH"_s, u"Anna"_s}, {u"alpha AG"_s, u"Zora"_s}, {u"Alpha AG"_s, u"Bert"_s}}) {
+    for (const auto &[firma, name] :
+         {std::pair{u"Beta GmbH"_s, u"Anna"_s}, {u"alpha AG"_s, u"Zora"_s}, {u"Alpha AG"_s, u"Bert"_s}}) {
         erwartet = moc().insertNewObject<FKREmpfaenger>();
         erwartet->setFirma(firma);
         erwartet->setName(name);
@@ -174,7 +175,8 @@ TEST_F(EditorTest, PostenWerdenDurchgezaehltNeuerPostenBekommtAnzahlPlusEinsLoes
     EXPECT_EQ(name.data(Qt::EditRole), QString());
     EXPECT_TRUE(name.data(Qt::ForegroundRole).isValid());
     EXPECT_EQ(editor.postenTab()->postenBeschreibungTextField->toPlainText(), QString());
-    EXPECT_EQ(editor.postenTab()->postenBeschreibungTextField->placeholderText(), text(u"EDITOR_PLATZHALTER_BESCHREIBUNG"_s));
+    EXPECT_EQ(editor.postenTab()->postenBeschreibungTextField->placeholderText(),
+              text(u"EDITOR_PLATZHALTER_BESCHREIBUNG"_s));
     EXPECT_EQ(editor.postenTab()->auswahl().ausgewaehlteObjekte(), QList<ManagedObject *>{neu});
     EXPECT_FALSE(moc().hasChanges());
     neu->setPostenBezeichnung(u"Beratung"_s);
@@ -189,7 +191,8 @@ TEST_F(EditorTest, PostenWerdenDurchgezaehltNeuerPostenBekommtAnzahlPlusEinsLoes
     presenter.antworten = {kZweiterKnopf};
     QTest::mouseClick(editor.postenTab()->loeschePostenButton, Qt::LeftButton);
     ASSERT_EQ(presenter.alerts.size(), 1);
-    EXPECT_EQ(alertZeile(presenter.alerts[0]), u"ALERT_TITLE_DELETE / ALERT_TEXT_DELETE / BUTTON_TITLE_OK,BUTTON_TITLE_ABBRECHEN"_s);
+    EXPECT_EQ(alertZeile(presenter.alerts[0]),
+              u"ALERT_TITLE_DELETE / ALERT_TEXT_DELETE / BUTTON_TITLE_OK,BUTTON_TITLE_ABBRECHEN"_s);
     EXPECT_FALSE(posten[0]->isDeleted());
     QTest::mouseClick(editor.postenTab()->loeschePostenButton, Qt::LeftButton);
     EXPECT_TRUE(posten[0]->isDeleted());
@@ -206,7 +209,8 @@ TEST_F(EditorTest, WeiterFuehrtDurchAlleTabsUndSchliesstAmEndeMitSichern)
     QTest::keyClicks(editor.postenTab()->rechnungsNummerTextField, u"-A"_s);
     for (int tab = 0; tab <= 5; ++tab) {
         EXPECT_EQ(editor.tabView()->currentIndex(), tab);
-        EXPECT_EQ(editor.hilfeTextField()->text(), text(u"HILFE_TEXT_"_s + FKRRechnungsDetailsViewController::tabIdentifier()[tab]));
+        EXPECT_EQ(editor.hilfeTextField()->text(),
+                  text(u"HILFE_TEXT_"_s + FKRRechnungsDetailsViewController::tabIdentifier()[tab]));
         if (tab < 5)
             QTest::mouseClick(editor.weiterButton(), Qt::LeftButton);
     }
