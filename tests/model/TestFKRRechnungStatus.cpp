@@ -116,9 +116,12 @@ TEST_F(Status, DueFromTheStartOfTheDueDayAndRemindedAtTenOClock)
 
 TEST_F(Status, NumberTextsAreInTheDocumentsLanguage)
 {
-    // An English desktop changes none of them.
+    // New documents speak the desktop's language, German or else English; an English desktop
+    // changes none of the texts.
+    EXPECT_EQ(FKRRechnung::spracheFuerNeueDokumente(), 1);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     FKRLocalizationHelper::installiereHauptTabelle();
+    EXPECT_EQ(FKRRechnung::spracheFuerNeueDokumente(), 2);
 
     FKRRechnung *neu = dokument(); // invoice
     neu->setzeNummerFuerNeuesDokument();
