@@ -6,6 +6,9 @@
 
 #include "../pdf/PdfPruefung.h"
 
+#include <QPdfDocument>
+#include <QPdfSelection>
+
 #include <algorithm>
 
 using namespace workflowtest;
@@ -78,7 +81,9 @@ TEST_F(KopienTest, DuplikatIstEinUnversandterEntwurfMitDenselbenPosten)
     auto *original = quelle(1, u"Rechnung: 17"_s);
     klicke(ansicht->rechnungBezahltButtonBox());
     ASSERT_EQ(original->bezahlt(), true);
+    // Shown once sent, its look of now was frozen: its own pages, not those shown before.
     ASSERT_TRUE(original->binaryPDF().has_value());
+    EXPECT_TRUE(ansicht->pdfDocument()->getAllText(0).text().contains(u"Rechnung: 17"_s));
 
     klicke(ansicht->duplizierenButtonBox());
     FKRRechnung *kopie = ansicht->rechnung();
