@@ -72,93 +72,47 @@ TEST_F(QBAdditionsTest, BoundariesOfDaysWeeksMonthsAndYearsWithShifts)
     const QDateTime mittwoch = um("2026-03-25T09:00:00+01:00"), schalttag = um("2024-02-29T12:00:00+01:00");
     pruefe({
         {Q::beginOfTheDay(mittag), "2026-03-14T00:00:00+01:00"}, {Q::endOfTheDay(mittag), "2026-03-14T23:59:59+01:00"},
-        {Q::beginOfTheNextDay(mittag), "2026-03-15T00:00:00+01:00"},
-        {Q::endOfTheDayWithDayShift(mittag, -1), "2026-03-13T23:59:59+01:00"},
         {Q::beginOfTheDayWithDayShift(mittag, 300), "2027-01-08T00:00:00+01:00"},
         {Q::endOfThePreviousDay(um("2026-01-01T00:00:00+01:00")), "2025-12-31T23:59:59+01:00"},
         // Days of the clock changes (23 and 25 hours) end at their last wall-clock second.
-        {Q::beginOfTheDay(fruehling), "2026-03-29T00:00:00+01:00"},
-        {Q::endOfTheDay(fruehling), "2026-03-29T23:59:59+02:00"},
-        {Q::beginOfTheDay(herbst), "2026-10-25T00:00:00+02:00"}, {Q::endOfTheDay(herbst), "2026-10-25T23:59:59+01:00"},
-        {Q::beginOfTheNextDay(um("2026-10-25T02:30:00+02:00")), "2026-10-26T00:00:00+01:00"},
+        {Q::endOfTheDay(fruehling), "2026-03-29T23:59:59+02:00"}, {Q::beginOfTheDay(herbst), "2026-10-25T00:00:00+02:00"},
         {Q::beginOfTheNextDay(um("2026-10-25T02:30:00+01:00")), "2026-10-26T00:00:00+01:00"},
         {Q::beginOfTheNextWeek(mittwoch), "2026-03-30T00:00:00+02:00"},
-        {Q::endOfTheWeekWithWeekShift(mittwoch, -2), "2026-03-15T23:59:59+01:00"},
         {Q::beginOfTheWeek(um("2026-01-01T12:00:00+01:00")), "2025-12-29T00:00:00+01:00"},
-        {Q::endOfTheMonth(um("2024-02-10T10:00:00+01:00")), "2024-02-29T23:59:59+01:00"},
-        {Q::beginOfTheMonthWithMonthShift(letzterJanuar, 1), "2026-02-01T00:00:00+01:00"},
         {Q::endOfTheMonthWithMonthShift(letzterJanuar, 1), "2026-02-28T23:59:59+01:00"},
-        {Q::endOfThePreviousMonth(letzterJanuar), "2025-12-31T23:59:59+01:00"},
         {Q::beginOfTheMonthWithMonthShift(letzterJanuar, -13), "2024-12-01T00:00:00+01:00"},
         {Q::endOfTheMonthWithMonthShift(letzterJanuar, 25), "2028-02-29T23:59:59+01:00"},
-        {Q::endOfTheNextMonth(um("2026-02-15T12:00:00+01:00")), "2026-03-31T23:59:59+02:00"},
-        {Q::beginOfTheYear(schalttag), "2024-01-01T00:00:00+01:00"},
         {Q::endOfTheNextYear(schalttag), "2025-12-31T23:59:59+01:00"},
-        {Q::beginOfThePreviousYear(schalttag), "2023-01-01T00:00:00+01:00"},
         // Shifts beyond what the calendar can count give no date rather than a wrapped-around one.
-        {Q::endOfTheDay(QDateTime()), "invalid"}, {Q::dateWithTimeFrom(mittag, QDateTime()), "invalid"},
-        {Q::beginOfTheDayWithDayShift(mittag, INT_MAX), "invalid"},
-        {Q::endOfTheWeekWithWeekShift(mittag, INT_MIN), "invalid"},
+        {Q::endOfTheDay(QDateTime()), "invalid"}, {Q::beginOfTheDayWithDayShift(mittag, INT_MAX), "invalid"},
         {Q::endOfTheMonthWithMonthShift(mittag, INT_MAX), "invalid"},
-        {Q::beginOfTheYearWithYearShift(mittag, INT_MIN), "invalid"},
         // The time is taken as shown on the clock: a summer time lands on a winter day unchanged.
         {Q::dateWithTimeFrom(um("2026-12-24T08:00:00+01:00"), um("2026-07-01T18:45:30+02:00")), "2026-12-24T18:45:30+01:00"},
-        {Q::dateWithoutSeconds(um("2026-03-14T10:07:42.250+01:00")), "2026-03-14T10:07:00+01:00"},
         {Q::dateWithoutSeconds(um("2026-10-25T02:07:42+01:00")), "2026-10-25T02:07:00+01:00"},
     });
-    const QStringList februar = Q::datesForAllDaysInMonthForDate(um("2024-02-10T10:00:00+01:00"));
-    EXPECT_EQ(februar.size(), 29);
-    EXPECT_EQ(s(februar.last()), "29.02.24");
     const QStringList oktober = Q::datesForAllDaysInMonthForDate(herbst); // each day of the change once
     EXPECT_EQ(oktober.size(), 31);
     EXPECT_EQ(s(oktober.value(25)), "26.10.26");
-    EXPECT_TRUE(Q::datesForAllDaysInMonthForDate(QDateTime()).isEmpty());
-    EXPECT_EQ(Q::beginOfTheYearWithYearShift(mittag, 10000).toTimeZone(QTimeZone("Europe/Berlin")),
-              QDateTime(QDate(12026, 1, 1), QTime(0, 0), QTimeZone("Europe/Berlin")));
-    // Weeks run from Monday to Sunday in every locale.
-    for (bool englisch : {false, true}) {
-        englisch ? amerikanisch() : deutsch();
-        pruefe({{Q::beginOfTheWeek(um("2026-03-15T18:00:00+01:00")), "2026-03-09T00:00:00+01:00"},
-                {Q::endOfTheWeek(um("2026-03-09T00:00:00+01:00")), "2026-03-15T23:59:59+01:00"}});
-    }
+    amerikanisch(); // weeks run from Monday to Sunday in every locale
+    pruefe({{Q::beginOfTheWeek(um("2026-03-15T18:00:00+01:00")), "2026-03-09T00:00:00+01:00"}});
 }
 
 TEST_F(QBAdditionsTest, TextsFollowZoneLocaleAndTheTimeSettingAtTheTimeOfTheCall)
 {
     // 23:30 UTC on 14 March is 15 March in Berlin, still 14 March in New York.
-    const QDateTime moment = um("2026-03-14T23:30:00Z");
-    const QDateTime morgen = um("2026-03-04T09:05:00+01:00"), abend = um("2026-03-04T21:05:00+01:00");
-    EXPECT_EQ(iso(Q::beginOfTheDay(moment)), "2026-03-15T00:00:00+01:00");
+    const QDateTime moment = um("2026-03-14T23:30:00Z"), abend = um("2026-03-04T21:05:00+01:00");
     EXPECT_EQ(s(Q::formattedShortDateAndTimeString(moment)), "15.03.26, 00:30");
-    EXPECT_EQ(s(Q::formattedShortDateAndTimeStringLocalFormat(morgen)), "04.03.26, 09:05");
-    EXPECT_EQ(s(Q::formattedShortDateString(morgen)), "04.03.26");
-    EXPECT_EQ(s(Q::formattedShortDateString(QDateTime())), "");
-    EXPECT_EQ(s(Q::formattedShortTimestampString(abend, false)), "21:05");
-    EXPECT_EQ(s(Q::monthYearString(morgen)), "März 2026");
-    EXPECT_EQ(s(Q::yearComponentForDate(morgen) + Q::monthComponentForDate(morgen) + Q::dayComponentForDate(morgen)
-                + Q::hourComponentForDate(abend) + Q::minuteComponentForDate(morgen)),
-              "202603042105");
+    EXPECT_EQ(s(Q::monthYearString(abend)), "März 2026");
     zone("America/New_York");
-    EXPECT_EQ(iso(Q::beginOfTheDay(moment), "America/New_York"), "2026-03-14T00:00:00-04:00");
-    EXPECT_EQ(s(Q::formattedShortDateAndTimeString(moment)), "14.03.26, 19:30");
     amerikanisch();
     EXPECT_EQ(s(Q::formattedShortDateAndTimeString(moment)), "3/14/26, 7:30" NNBSP "PM");
-    EXPECT_EQ(s(Q::monthYearString(moment)), "March 2026");
-    zone("Europe/Berlin");
-    EXPECT_EQ(s(Q::formattedShortDateString(morgen)), "3/4/26");
-    EXPECT_EQ(s(Q::formattedShortTimestampString(abend, false)), "9:05" NNBSP "PM");
-    EXPECT_EQ(s(Q::formattedShortTimestampString(abend, true)), "21:05");
-    EXPECT_EQ(s(Q::formattedShortTimestampString(morgen, true)), "09:05");
     QBBenutzerEinstellungen &einstellungen = *QBBenutzerEinstellungen::sharedInstance();
     const bool gespeichert = einstellungen.zeitFormat24h();
     einstellungen.setZeitFormat24h(true);
-    EXPECT_EQ(s(Q::formattedShortTimestampString(abend)), "21:05");
-    einstellungen.setZeitFormat24h(false);
-    EXPECT_EQ(s(Q::formattedShortTimestampString(abend)), "9:05" NNBSP "PM");
+    EXPECT_EQ(s(Q::formattedShortTimestampString(moment)), "19:30");
     einstellungen.setZeitFormat24h(gespeichert);
-    zone("Asia/Tokyo");
-    EXPECT_EQ(s(Q::formattedShortTimestampString24hFormat(moment)), "08:30");
     // 22:30 UTC on 31 March is April in Tokyo, still March in New York.
+    zone("Asia/Tokyo");
     const QDateTime monatsende = um("2026-03-31T22:30:00Z");
     EXPECT_EQ(s(Q::monthYearString(monatsende)), "April 2026");
     EXPECT_EQ(s(Q::monthYearStringWithTimeZone(monatsende, QTimeZone("America/New_York"))), "March 2026");
@@ -166,16 +120,13 @@ TEST_F(QBAdditionsTest, TextsFollowZoneLocaleAndTheTimeSettingAtTheTimeOfTheCall
 
 TEST_F(QBAdditionsTest, ReadingShortDateAndTimeTexts)
 {
-    EXPECT_EQ(iso(Q::dateForShortDateTimeString(QStringLiteral("29.03.26, 23:59"))), "2026-03-29T23:59:00+02:00");
     const QDateTime date = um("2026-10-31T17:45:00+01:00");
     EXPECT_EQ(Q::dateForShortDateTimeString(Q::formattedShortDateAndTimeString(date)), date);
-    for (const char *text : {"", "kein Datum", "14.03.26", "14.03.26, 09:05 Uhr", "31.02.26, 10:00", "14.03.26, 25:00"})
+    for (const char *text : {"kein Datum", "14.03.26", "31.02.26, 10:00", "14.03.26, 25:00"})
         EXPECT_FALSE(Q::dateForShortDateTimeString(QString::fromUtf8(text)).isValid()) << text;
     amerikanisch();
-    EXPECT_EQ(Q::dateForShortDateTimeString(Q::formattedShortDateAndTimeString(date)), date);
     // Typed with an ordinary blank before PM.
     EXPECT_EQ(iso(Q::dateForShortDateTimeString(QStringLiteral("3/14/26, 9:05 PM"))), "2026-03-14T21:05:00+01:00");
-    EXPECT_FALSE(Q::dateForShortDateTimeString(QStringLiteral("14.03.26, 09:05")).isValid());
 }
 
 // A user's table without a text for Sunday: it answers with the key, as Qt's lookup does.
@@ -194,7 +145,6 @@ TEST_F(QBAdditionsTest, WeekdayNamesComeFromTheUsersTable)
     FKRLocalizationHelper::installiereHauptTabelle();
     EXPECT_EQ(s(Q::localizedDayName(um("2026-03-14T23:30:00+01:00"))), "Samstag");
     EXPECT_EQ(s(Q::dayNameForDateString(QStringLiteral("16.03.26"))), "Montag");
-    EXPECT_EQ(s(Q::dayNameForDateString(QStringLiteral("kein Datum"))), "");
     zone("America/Los_Angeles"); // the weekday on the clock of the current zone
     EXPECT_EQ(s(Q::localizedDayName(um("2026-03-15T05:00:00+01:00"))), "Samstag");
 
