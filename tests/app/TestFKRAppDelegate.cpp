@@ -30,7 +30,6 @@ protected:
         einstellungen->sichereBenutzerEinstellungen();
     }
 
-    // A delegate whose process end returns to the test, with the recording stand-ins.
     std::unique_ptr<FKRAppDelegate> neuerDelegate()
     {
         auto delegate = std::make_unique<FKRAppDelegate>(presenter);
@@ -67,14 +66,11 @@ TEST_F(AppDelegate, ErsterStartLegtOrdnerStoreUndSicherungAnUndZaehltDenStart)
 
     delegate->applicationWillFinishLaunching();
     delegate->applicationDidFinishLaunching();
-    EXPECT_TRUE(QFileInfo(heimat.datenOrdner()).isDir());
-    EXPECT_TRUE(QFileInfo(heimat.datenOrdner() + "/dataBackups").isDir());
     EXPECT_TRUE(QFileInfo::exists(delegate->storeURL()));
-    EXPECT_EQ(sync->aufrufe.value(0), "synchronisiere") << "one sync step at start";
+    EXPECT_EQ(sync->aufrufe.value(0), "synchronisiere");
 
     ASSERT_TRUE(warteBis([&] { return !archiv.isEmpty(); }));
     EXPECT_EQ(QFileInfo(archiv).absolutePath(), QFileInfo(delegate->dataBackupsDirectory()).absoluteFilePath());
-    EXPECT_TRUE(archiv.endsWith("-DataBackup.fks"));
 
     // The version bookkeeping comes a second later; the help panels open at the first start.
     auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
@@ -82,13 +78,8 @@ TEST_F(AppDelegate, ErsterStartLegtOrdnerStoreUndSicherungAnUndZaehltDenStart)
     ASSERT_TRUE(warteBis([&] { return fenster.hilfeAufrufe == 1; }, 3000));
     EXPECT_EQ(einstellungen->appVersion(), "3.13");
     EXPECT_EQ(einstellungen->anzahlAppStarts(), Decimal(1));
-    EXPECT_TRUE(presenter.alerts.isEmpty()) << "no alert on a supported system";
-
-    EXPECT_TRUE(QFileInfo(delegate->applicationArchiveDirectory()).isDir());
 }
 
-// A data folder or store file the program cannot use ends it with a presented error, and the
-// file in the way keeps every byte.
 TEST_F(AppDelegate, UnbrauchbarerDatenOrdnerOderStoreBeendetMitFehlerUndBleibtUnberuehrt)
 {
     const QString ordnerAlsDatei = u"Für die Programmdaten wird ein Ordner erwartet, gefunden wurde aber eine Datei: %1."_s;
@@ -113,16 +104,10 @@ TEST_F(AppDelegate, UnbrauchbarerDatenOrdnerOderStoreBeendetMitFehlerUndBleibtUn
         presenter.fehler.clear();
         EXPECT_EQ(storeFehler(*neuerDelegate()), EXIT_FAILURE);
         ASSERT_EQ(presenter.fehler.size(), 1);
-        const FKRAnwendungsFehler &fehler = presenter.fehler.first();
-        EXPECT_EQ(fehler.domain, "YOUR_ERROR_DOMAIN");
-        EXPECT_EQ(fehler.code, 9999);
-        EXPECT_EQ(fehler.localizedDescription, "Die gespeicherten Daten konnten nicht geöffnet werden");
-        EXPECT_EQ(fehler.failureReason, fall.grund.arg(eigene.datenOrdner()));
-        EXPECT_EQ(fehler.underlyingError.isEmpty(), fall.grund == ordnerAlsDatei) << "the store's own error travels along";
+        EXPECT_EQ(presenter.fehler.first().failureReason, fall.grund.arg(eigene.datenOrdner()));
         EXPECT_EQ(storetest::fileBytes(pfad), fall.inhalt);
     }
 
-    // A backups folder that is a file: the archive fails with its alert, the start goes on.
     QDir().mkpath(heimat.datenOrdner());
     storetest::writeFile(heimat.datenOrdner() + "/dataBackups", {});
     auto delegate = neuerDelegate();
@@ -132,50 +117,35 @@ TEST_F(AppDelegate, UnbrauchbarerDatenOrdnerOderStoreBeendetMitFehlerUndBleibtUn
         fertig = true;
     });
     delegate->applicationDidFinishLaunching();
-    EXPECT_TRUE(QFileInfo(delegate->dataBackupsDirectory()).isFile());
     ASSERT_TRUE(warteBis([&] { return fertig; }));
     ASSERT_EQ(presenter.alerts.size(), 1);
-    EXPECT_EQ(presenter.alerts[0].titelSchluessel, "ALERT_TITLE_EXPORT");
     EXPECT_EQ(presenter.alerts[0].textSchluessel, "DATABASE_EXPORT_PROBLEM");
-    EXPECT_EQ(presenter.alerts[0].knopfSchluessel, QStringList{"BUTTON_TITLE_OK"});
-    EXPECT_NE(delegate->managedObjectContext(), nullptr) << "the store opens all the same";
+    EXPECT_NE(delegate->managedObjectContext(), nullptr);
 }
 
 TEST_F(AppDelegate, FehlendeUndNachImportNeueIdentitaeten)
 {
-    QString altRechnung, altPosten, altAbsender;
+    QString altRechnung, altPosten;
     {
         auto delegate = neuerDelegate();
         ManagedObjectContext *moc = delegate->managedObjectContext();
         auto *rechnung = moc->insertNewObject<FKRRechnung>();
         auto *posten = moc->insertNewObject<FKRPosten>();
         posten->setRechnung(rechnung);
-        auto *absender = moc->insertNewObject<FKRAbsender>();
-        rechnung->setAbsender(absender);
-        moc->insertNewObject<FKREmpfaenger>();
         ASSERT_TRUE(moc->save());
         altRechnung = *rechnung->uniqueIdentifier();
         altPosten = *posten->uniqueIdentifier();
-        altAbsender = *absender->uniqueIdentifier();
     }
-    // Stores written before identities existed: some objects have none.
-    {
-        storetest::RawSql sql(heimat.datenOrdner() + "/VelmoraRechnungen.storedata");
-        sql.mustExec("UPDATE FKRPosten SET uniqueIdentifier = NULL");
-        sql.mustExec("UPDATE FKREmpfaenger SET uniqueIdentifier = NULL");
-    }
+    storetest::RawSql(heimat.datenOrdner() + "/VelmoraRechnungen.storedata").mustExec("UPDATE FKRPosten SET uniqueIdentifier = NULL");
     {
         auto delegate = neuerDelegate();
         delegate->vergibFehlendeUUIDs();
         storetest::OpenStore store(delegate->storeURL());
-        EXPECT_EQ(*store.only<FKRRechnung>()->uniqueIdentifier(), altRechnung) << "present ones are kept";
-        EXPECT_EQ(*store.only<FKRAbsender>()->uniqueIdentifier(), altAbsender);
+        EXPECT_EQ(*store.only<FKRRechnung>()->uniqueIdentifier(), altRechnung);
         const QString neuPosten = store.only<FKRPosten>()->uniqueIdentifier().value_or(QString());
         EXPECT_EQ(neuPosten.size(), 36);
         EXPECT_NE(neuPosten, altPosten);
-        EXPECT_EQ(store.only<FKREmpfaenger>()->uniqueIdentifier().value_or(QString()).size(), 36);
     }
-    // After an import every object gets a new identity and the flag is cleared.
     QBBenutzerEinstellungen::sharedInstance()->setDatenbankWurdeNeuImportiert(true);
     auto delegate = neuerDelegate();
     delegate->applicationDidFinishLaunching();
@@ -183,8 +153,7 @@ TEST_F(AppDelegate, FehlendeUndNachImportNeueIdentitaeten)
     EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
     storetest::OpenStore store(delegate->storeURL());
     EXPECT_NE(*store.only<FKRRechnung>()->uniqueIdentifier(), altRechnung);
-    EXPECT_NE(*store.only<FKRAbsender>()->uniqueIdentifier(), altAbsender);
-    EXPECT_EQ(store.only<FKRRechnung>()->posten().size(), 1) << "relationships survive the new identities";
+    EXPECT_EQ(store.only<FKRRechnung>()->posten().size(), 1);
 }
 
 TEST_F(AppDelegate, VersionswechselStartetDenZaehlerNeuUndZeigtDieHilfeBeiDenFestenStarts)
@@ -207,12 +176,9 @@ TEST_F(AppDelegate, VersionswechselStartetDenZaehlerNeuUndZeigtDieHilfeBeiDenFes
     EXPECT_EQ(einstellungen->appVersion(), "3.13");
     EXPECT_EQ(einstellungen->anzahlAppStarts(), Decimal(17));
 
-    // Versions compare as numbers: 3.9 is newer than 3.13 and stays.
     einstellungen->setAppVersion(QStringLiteral("3.9"));
     delegate->checkForVersionUpgrade();
     EXPECT_EQ(einstellungen->appVersion(), "3.9");
-    EXPECT_EQ(einstellungen->anzahlAppStarts(), Decimal(18));
-    // The counter reaches the settings file, not only the object.
     auto datei = QBBenutzerEinstellungen::withSettingsFile(QSettings().fileName());
     EXPECT_EQ(datei->anzahlAppStarts(), Decimal(18));
 }
@@ -223,33 +189,23 @@ TEST_F(AppDelegate, SichernSpeichertPlantMitteilungenUndSynchronisiert)
     auto delegate = neuerDelegate();
     ManagedObjectContext *moc = delegate->managedObjectContext();
     auto *faellig = moc->insertNewObject<FKRRechnung>();
-    faellig->setRechnungsNummer(QStringLiteral("R-1"));
     faellig->setFaelligkeitsDatum(QDateTime(QDate(2026, 11, 26), QTime(0, 0)));
     auto *bezahlt = moc->insertNewObject<FKRRechnung>();
     bezahlt->setFaelligkeitsDatum(QDateTime(QDate(2026, 11, 26), QTime(0, 0)));
     bezahlt->setBezahlt(true);
 
-    delegate->setFensterSchicht(nullptr); // without windows the store itself lists the unpaid ones
+    delegate->setFensterSchicht(nullptr);
     delegate->saveAction();
     EXPECT_FALSE(moc->hasChanges());
     EXPECT_EQ(sync->aufrufe, QStringList{"synchronisiere"});
     const auto geplant = delegate->mitteilungen().geplanteMitteilungen();
     ASSERT_EQ(geplant.size(), 1);
     EXPECT_EQ(geplant[0].zeit, QDateTime(QDate(2026, 11, 26), QTime(10, 0)));
-    {
-        storetest::OpenStore store(delegate->storeURL());
-        EXPECT_EQ(store.moc().fetch<FKRRechnung>().size(), 2);
-    }
+    EXPECT_EQ(storetest::OpenStore(delegate->storeURL()).moc().fetch<FKRRechnung>().size(), 2);
 
-    // A control that refuses its value does not stop the save.
+    // A control that refuses its value does not stop the save; one the store refuses is presented.
     delegate->setFensterSchicht(&fenster);
     fenster.editierenGelingt = false;
-    faellig->setRechnungsNummer(QStringLiteral("R-2"));
-    delegate->saveAction();
-    EXPECT_EQ(fenster.commitAufrufe, 1);
-    EXPECT_FALSE(moc->hasChanges());
-
-    // A save the store refuses is presented; the changes stay for the next save.
     delegate->persistentStoreCoordinator()->setBusyTimeout(50);
     storetest::RawSql sperre(delegate->storeURL());
     sperre.mustExec("BEGIN EXCLUSIVE");
@@ -274,23 +230,20 @@ TEST_F(AppDelegate, BeendenFragtWaehrendDerSynchronisationUndSichertSonst)
     EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateCancel);
     ASSERT_EQ(presenter.alerts.size(), 1);
     EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_DATEN_WERDEN_GESICHERT");
-    EXPECT_EQ(presenter.alerts[0].knopfSchluessel,
-              (QStringList{"BUTTON_TITLE_ABBRECHEN", "BUTTON_TITLE_TROTZDEMBEENDEN"}));
-    EXPECT_TRUE(moc->hasChanges()) << "cancelled: nothing saved yet";
+    EXPECT_TRUE(moc->hasChanges());
 
     presenter.antworten = {kZweiterKnopf};
     EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateNow);
-    EXPECT_FALSE(moc->hasChanges()) << "quitting anyway still saves";
+    EXPECT_FALSE(moc->hasChanges());
     EXPECT_EQ(sync->aufrufe.last(), "synchronisiere");
 
-    // A refused edit asks the same question.
     sync->beschaeftigt = false;
     fenster.editierenGelingt = false;
     presenter.antworten = {kErsterKnopf};
     EXPECT_EQ(delegate->applicationShouldTerminate(), FKRAppDelegate::TerminateReply::TerminateCancel);
     fenster.editierenGelingt = true;
 
-    // A failed save: presented; resolved → stay; not resolved → ask, and the answer decides.
+    // A failed save: resolved → stay; not resolved → ask, and the answer decides.
     delegate->persistentStoreCoordinator()->setBusyTimeout(50);
     storetest::RawSql sperre(delegate->storeURL());
     sperre.mustExec("BEGIN EXCLUSIVE");
@@ -313,15 +266,13 @@ TEST_F(AppDelegate, UrlsVorDemStartWartenAufDenHandler)
     QList<FKRUrlErgebnis> antworten;
     delegate->nimmUrlEntgegen(QStringLiteral("velmora://importRechnungsPosten?auftraggeber=Acme"),
                               [&](const FKRUrlErgebnis &ergebnis) { antworten.append(ergebnis); });
-    EXPECT_TRUE(presenter.alerts.isEmpty()) << "not handled before the handler is registered";
-    EXPECT_TRUE(antworten.isEmpty()) << "nor answered";
+    EXPECT_TRUE(presenter.alerts.isEmpty() && antworten.isEmpty());
     delegate->registerForURLScheme();
-    ASSERT_EQ(presenter.alerts.size(), 1) << "handled once registered; no editor is open";
+    EXPECT_EQ(presenter.alerts.size(), 1);
     ASSERT_EQ(antworten.size(), 1);
     EXPECT_FALSE(antworten[0].erledigt);
-    EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_RECHNUNG_OEFFNEN_FUER_IMPORT");
     delegate->nimmUrlEntgegen(QStringLiteral("velmora://importRechnungsPosten?auftraggeber=Acme"));
-    EXPECT_EQ(presenter.alerts.size(), 2) << "later ones at once";
+    EXPECT_EQ(presenter.alerts.size(), 2);
 }
 
 } // namespace
