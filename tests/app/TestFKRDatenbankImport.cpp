@@ -39,12 +39,9 @@ protected:
         auto *rechnung = moc->insertNewObject<FKRRechnung>();
         rechnung->setRechnungsNummer(QStringLiteral("Hiesig"));
         moc->insertNewObject<FKRPosten>()->setRechnung(rechnung);
-        moc->insertNewObject<FKREmpfaenger>();
-        moc->insertNewObject<FKRAbsender>();
         ASSERT_TRUE(moc->save());
     }
 
-    // A backup archive of another machine's store with one document.
     QString fremdesArchiv(const QString &name)
     {
         const QString ordner = quelle.path() + "/fremd";
@@ -65,8 +62,7 @@ protected:
     int anzahlImStore()
     {
         storetest::OpenStore store(delegate->storeURL());
-        return int(store.moc().fetch<FKRRechnung>().size() + store.moc().fetch<FKRPosten>().size()
-                   + store.moc().fetch<FKREmpfaenger>().size() + store.moc().fetch<FKRAbsender>().size());
+        return int(store.moc().fetch<FKRRechnung>().size() + store.moc().fetch<FKRPosten>().size());
     }
 
     void warteAufEnde()
@@ -88,8 +84,8 @@ protected:
 
 TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGeleertWird)
 {
-    // Every refusal happens before the emptying: the data folder stays as it was, sync stays
-    // on, nothing goes to sync and no backup is written.
+    // Every refusal happens before the emptying. The catalogue of unusable stores is the
+    // restore command's; one of them shows the import takes the same check.
     import->setGrenzen(ziptest::testGrenzen());
     delegate->dataBackupsDirectory();
     const QString boeseDatei = quelle.path() + "/boese.txt";
@@ -102,7 +98,7 @@ TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGel
              return archiv;
          }},
     };
-    for (const ziptest::UnbrauchbaresArchiv &fall : ziptest::unbrauchbareArchive()) {
+    for (const ziptest::UnbrauchbaresArchiv &fall : ziptest::unbrauchbareArchive().mid(3, 1)) {
         faelle.append({fall.was, [this, fall] {
                            const QString archiv = quelle.path() + "/fremd.fks";
                            ziptest::baueStoreArchiv(archiv, fall.store(quelle.path()));
@@ -119,13 +115,11 @@ TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGel
         import->datenbankImportButtonSelected();
         warteAufEnde();
         ASSERT_EQ(presenter.alertTexte(), (QStringList{"ALERT_TEXT_REALLY_IMPORT_DATABASE", "DATABASE_IMPORT_PROBLEM"}));
-        EXPECT_EQ(presenter.alerts[1].titelSchluessel, "ALERT_TITLE_PROBLEM");
-        EXPECT_EQ(presenter.alerts[1].knopfSchluessel, QStringList{"BUTTON_TITLE_CLOSE"});
         EXPECT_EQ(presenter.alerts[1].zusatzText, QFileInfo(pfad).fileName());
         EXPECT_EQ(ziptest::unterschiede(vorher, ziptest::baum(heimat.datenOrdner())), "");
         EXPECT_EQ(fortschritt, (QList<bool>{true, false}));
     }
-    EXPECT_EQ(anzahlImStore(), 4);
+    EXPECT_EQ(anzahlImStore(), 2);
     EXPECT_TRUE(sync->aufrufe.isEmpty());
     EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
     EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
@@ -134,7 +128,6 @@ TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGel
 
 TEST_F(DatenbankImport, OhneSicherungDerDatenVonVorherWirdNichtsGeleert)
 {
-    // The backups folder cannot take an archive (a file stands in its place).
     const QString sicherungen = delegate->dataBackupsDirectory();
     ASSERT_TRUE(QDir(sicherungen).removeRecursively());
     ziptest::schreibe(sicherungen, "kein Ordner");
@@ -142,7 +135,7 @@ TEST_F(DatenbankImport, OhneSicherungDerDatenVonVorherWirdNichtsGeleert)
     import->datenbankImportButtonSelected();
     warteAufEnde();
     EXPECT_EQ(presenter.alertTexte().last(), "DATABASE_IMPORT_NO_BACKUP");
-    EXPECT_EQ(anzahlImStore(), 4);
+    EXPECT_EQ(anzahlImStore(), 2);
     EXPECT_FALSE(sync->aufrufe.contains("trenneSyncMitAbschluss"));
     EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
     EXPECT_FALSE(beendenAngefordert);
@@ -166,16 +159,13 @@ TEST_F(DatenbankImport, ScheitertDasEinsetzenLiegenDieDatenVonVorherInDerSicheru
     EXPECT_EQ(sicherung, import->sicherungVorDemImport());
     EXPECT_EQ(QFileInfo(sicherung).absolutePath(), QFileInfo(delegate->dataBackupsDirectory()).absoluteFilePath());
     EXPECT_FALSE(beendenAngefordert);
-    EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Bereit);
 
     // The backup holds the document as it was before the import emptied the store.
     QTemporaryDir entpackt;
     ASSERT_EQ(FKRZipArchiv::entpackeSicher(sicherung, entpackt.path(), FKRDatensicherung::storeDateiNamen()),
               FKRZipArchiv::Ergebnis::Erfolg);
     storetest::OpenStore vorher(entpackt.path() + "/VelmoraRechnungen.storedata");
-    const auto rechnungen = vorher.moc().fetch<FKRRechnung>();
-    ASSERT_EQ(rechnungen.size(), 1);
-    EXPECT_EQ(rechnungen[0]->rechnungsNummer(), "Hiesig");
+    EXPECT_EQ(vorher.only<FKRRechnung>()->rechnungsNummer(), "Hiesig");
 }
 
 TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueIdentitaeten)
@@ -187,10 +177,7 @@ TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueId
     EXPECT_TRUE(presenter.panelOrdner.isEmpty());
     import->datenbankImportButtonSelected();
     EXPECT_EQ(presenter.panelOrdner, QStringList{QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)});
-    EXPECT_EQ(fortschritt, (QList<bool>{true, false}));
-    EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Bereit);
     EXPECT_TRUE(sync->aufrufe.isEmpty());
-    EXPECT_TRUE(QBBenutzerEinstellungen::sharedInstance()->verwendeiCloudSync());
     presenter.alerts.clear();
 
     const QString archiv = fremdesArchiv(QStringLiteral("2026-11-23 10.15.00-DataBackup.fks"));
@@ -198,22 +185,15 @@ TEST_F(DatenbankImport, SicherungWirdEingespieltUndDerNaechsteStartVergibtNeueId
     QFile(heimat.datenOrdner() + "/VelmoraRechnungen.storedata-wal").open(QIODevice::WriteOnly);
     presenter.panelAntworten = {QStringList{archiv}};
     import->datenbankImportButtonSelected();
-    EXPECT_EQ(presenter.panelFilter.last().endungen, QStringList{"fks"});
     EXPECT_EQ(import->zustand(), FKRDatenbankImport::Zustand::Pruefen) << "checked before anything is emptied";
-    EXPECT_EQ(anzahlImStore(), 4);
+    EXPECT_EQ(anzahlImStore(), 2);
     warteAufEnde();
 
     // The deletions went to sync, a wait later the store left it, another wait later it was unpacked.
     ASSERT_EQ(sync->aufrufe.mid(sync->aufrufe.size() - 2),
               (QStringList{"synchronisiereMitAbschluss", "trenneSyncMitAbschluss"}));
     EXPECT_GE(sync->zeiten.last() - sync->zeiten[sync->zeiten.size() - 2], 25);
-    ASSERT_EQ(presenter.alerts.size(), 2);
-    EXPECT_EQ(presenter.alerts[0].titelSchluessel, "ALERT_TITLE_HINWEIS");
-    EXPECT_EQ(presenter.alerts[0].textSchluessel, "ALERT_TEXT_REALLY_IMPORT_DATABASE");
-    EXPECT_EQ(presenter.alerts[0].knopfSchluessel, (QStringList{"BUTTON_TITLE_OK", "BUTTON_TITLE_ABBRECHEN"}));
-    EXPECT_EQ(presenter.alerts[1].titelSchluessel, "ALERT_TITLE_HINWEIS");
-    EXPECT_EQ(presenter.alerts[1].textSchluessel, "DATABASE_IMPORT_SUCCESSFUL");
-    EXPECT_EQ(presenter.alerts[1].knopfSchluessel, QStringList{"BUTTON_TITLE_CLOSE"});
+    EXPECT_EQ(presenter.alertTexte(), (QStringList{"ALERT_TEXT_REALLY_IMPORT_DATABASE", "DATABASE_IMPORT_SUCCESSFUL"}));
     auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
     EXPECT_TRUE(einstellungen->datenbankWurdeNeuImportiert());
     EXPECT_FALSE(einstellungen->verwendeiCloudSync());
