@@ -87,42 +87,29 @@ const OlderStore kOlderStores[] = {
     {"Version0WithoutRecipientsAndCashDiscount",
      kVersion0,
      {
-         {"FKRRechnung", 1, "rechnungsNummer", "QString RE-2015-001"},
          {"FKRRechnung", 1, "rechnungsText", "QString Sehr geehrte Damen und Herren,\nanbei die Rechnung für März."},
          {"FKRRechnung", 1, "rechnungsText2", "QString "}, {"FKRRechnung", 1, "rechnungsTextAnrede", "<absent>"},
-         {"FKRRechnung", 1, "bezahltDatum", "date 2015-03-02T10:15:30.250Z"},
-         {"FKRRechnung", 1, "rechnungsDatum", "date 2015-04-01T00:00:00.000Z"},
-         {"FKRRechnung", 1, "bezahlt", "bool true"}, {"FKRRechnung", 1, "mwStSatz", "Decimal 0.19"},
+         {"FKRRechnung", 1, "bezahltDatum", "date 2015-03-02T10:15:30.250Z"}, {"FKRRechnung", 1, "bezahlt", "bool true"},
          {"FKRRechnung", 1, "rabatt", "Decimal 0.1"}, {"FKRRechnung", 1, "layout", "Decimal 2"},
          {"FKRRechnung", 1, "skonto", "Decimal 0"}, {"FKRRechnung", 1, "skontoZeitraum", "qlonglong 0"},
          {"FKRRechnung", 1, "uniqueIdentifier", "<absent>"}, {"FKRRechnung", 1, "binaryPDF", "<absent>"},
-         {"FKRRechnung", 7, "waehrung", "QString CHF"},
          {"FKRRechnung", 7, "zuschlag", "Decimal 0.12345678901234567890123456789"},
          {"FKRRechnung", 7, "sprache", "qlonglong 2"}, {"FKRRechnung", 7, "brutto", "<absent>"},
-         {"FKRRechnung", 7, "skonto", "Decimal 0"}, {"FKRAbsender", 1, "firma", "QString Studio Weiß"},
-         {"FKRAbsender", 1, "plz", "QString "}, {"FKRAbsender", 1, "logoImageBinary", "bytes[7] 89504e4700ff00"},
-         {"FKRAbsender", 1, "geschaeftspapierDrucken", "bool false"},
-         {"FKRAbsender", 1, "geschaeftspapierImageBinary", "<absent>"},
-         {"FKRAbsender", 1, "uniqueIdentifier", "QString A-1"}, {"FKRPosten", 1, "anzahl", "Decimal 2.5"},
-         {"FKRPosten", 1, "uniqueIdentifier", "QString P-1"}, {"FKRPosten", 2, "einzelbetrag", "Decimal 49.99"},
-         {"FKRPosten", 2, "mwStSatz", "Decimal 0.07"}, {"FKRPosten", 4, "istVorlage", "bool true"},
+         {"FKRAbsender", 1, "logoImageBinary", "bytes[7] 89504e4700ff00"},
+         {"FKRAbsender", 1, "geschaeftspapierDrucken", "bool false"}, {"FKRPosten", 2, "mwStSatz", "Decimal 0.07"},
      },
-     {{"FKRRechnung", 1, "absender", 1}, {"FKRRechnung", 1, "empfaenger", 0}, {"FKRRechnung", 7, "absender", 0},
-      {"FKRPosten", 1, "rechnung", 1}, {"FKRPosten", 2, "rechnung", 1}, {"FKRPosten", 3, "rechnung", 7},
+     {{"FKRRechnung", 1, "absender", 1}, {"FKRRechnung", 7, "absender", 0}, {"FKRPosten", 3, "rechnung", 7},
       {"FKRPosten", 4, "rechnung", 0}}},
     {"NumbersAsSqlNumbersWithoutVersionRow",
      kNumbersNoVersionRow,
      {
-         {"FKRRechnung", 5, "mwStSatz", "Decimal 0.077"}, {"FKRRechnung", 5, "zuschlag", "Decimal 0.05"},
-         {"FKRRechnung", 5, "skonto", "Decimal 0.02"}, {"FKRRechnung", 5, "dokumentArt", "Decimal 3"},
+         {"FKRRechnung", 5, "mwStSatz", "Decimal 0.077"}, {"FKRRechnung", 5, "dokumentArt", "Decimal 3"},
          {"FKRRechnung", 5, "brutto", "bool false"}, {"FKRRechnung", 5, "layout", "Decimal 1"},
-         {"FKRRechnung", 5, "waehrung", "QString €"}, {"FKREmpfaenger", 3, "name", "QString Jörg Übel"},
-         {"FKREmpfaenger", 3, "archiviert", "bool true"}, {"FKREmpfaenger", 3, "notiz", "<absent>"},
+         {"FKRRechnung", 5, "waehrung", "QString €"}, {"FKREmpfaenger", 3, "archiviert", "bool true"},
          {"FKRPosten", 9, "anzahl", "Decimal 1.5"}, {"FKRPosten", 9, "einzelbetrag", "Decimal 120"},
-         {"FKRPosten", 9, "istVorlage", "bool false"}, {"FKRPosten", 9, "postenNummer", "qlonglong 0"},
-         {"FKRPosten", 9, "mwStSatz", "<absent>"},
+         {"FKRPosten", 9, "istVorlage", "bool false"},
      },
-     {{"FKRRechnung", 5, "empfaenger", 3}, {"FKRRechnung", 5, "absender", 0}, {"FKRPosten", 9, "rechnung", 5}}},
+     {{"FKRRechnung", 5, "empfaenger", 3}, {"FKRPosten", 9, "rechnung", 5}}},
 };
 
 class StoreMigration : public ::testing::TestWithParam<OlderStore>
@@ -131,18 +118,13 @@ protected:
     QTemporaryDir dir;
     const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
 
-    void SetUp() override
-    {
-        RawSql old(path, true);
-        old.mustExec(GetParam().sql);
-    }
+    void SetUp() override { RawSql(path, true).mustExec(GetParam().sql); }
 
     static ManagedObject *object(ManagedObjectContext &moc, const char *entity, qint64 pk)
     {
-        for (ManagedObject *o : moc.executeFetchRequest({QString::fromLatin1(entity), {}, {}})) {
+        for (ManagedObject *o : moc.executeFetchRequest({QString::fromLatin1(entity), {}, {}}))
             if (o->primaryKey() == pk)
                 return o;
-        }
         ADD_FAILURE() << entity << " " << pk << " is missing";
         return nullptr;
     }
@@ -151,32 +133,18 @@ protected:
 TEST_P(StoreMigration, KeepsEveryValueAndAddsWhatIsMissing)
 {
     QHash<QString, qint64> rowsBefore;
-    {
-        RawSql old(path);
-        for (const auto &entity : ManagedObjectModel::defaultModel().entities()) {
-            if (!old.columns(entity->name()).isEmpty())
-                rowsBefore[entity->name()] = old.number(u"SELECT count(*) FROM "_s + entity->name());
-        }
-    }
+    for (const auto &entity : ManagedObjectModel::defaultModel().entities())
+        if (RawSql old(path); !old.columns(entity->name()).isEmpty())
+            rowsBefore[entity->name()] = old.number(u"SELECT count(*) FROM "_s + entity->name());
     {
         OpenStore store(path);
-        for (const Expected &e : GetParam().values) {
-            if (const ManagedObject *o = object(store.moc(), e.entity, e.pk)) {
+        for (const Expected &e : GetParam().values)
+            if (const ManagedObject *o = object(store.moc(), e.entity, e.pk))
                 EXPECT_EQ(describe(o->value(QString::fromLatin1(e.key))), e.value) << e.entity << " " << e.pk << " " << e.key;
-            }
-        }
         for (const Link &l : GetParam().links) {
             const ManagedObject *o = object(store.moc(), l.entity, l.pk);
-            if (!o)
-                continue;
-            const ManagedObject *target = o->toOne(QString::fromLatin1(l.relationship));
+            const ManagedObject *target = o ? o->toOne(QString::fromLatin1(l.relationship)) : nullptr;
             EXPECT_EQ(target ? target->primaryKey() : 0, l.target) << l.entity << " " << l.pk << " " << l.relationship;
-            // The other side knows it too.
-            if (target) {
-                const auto &relationship = o->entity().relationships()[std::size_t(o->entity().relationshipIndex(
-                    QString::fromLatin1(l.relationship)))];
-                EXPECT_TRUE(target->toMany(relationship.inverseName).contains(o));
-            }
         }
         for (const auto &entity : ManagedObjectModel::defaultModel().entities())
             EXPECT_EQ(store.moc().executeFetchRequest({entity->name(), {}, {}}).size(), rowsBefore.value(entity->name()))
@@ -205,34 +173,6 @@ TEST_P(StoreMigration, KeepsEveryValueAndAddsWhatIsMissing)
     EXPECT_EQ(fileBytes(path), migratedBytes);
     EXPECT_EQ(QFileInfo(path).lastModified(), migratedAt);
     EXPECT_EQ(sideFiles(path), QStringList());
-}
-
-TEST_P(StoreMigration, MigratedStoreTakesNewValuesInOldAndNewRows)
-{
-    {
-        OpenStore store(path);
-        for (FKRRechnung *alt : store.moc().fetch<FKRRechnung>()) {
-            alt->setSkonto(*Decimal::parse("0.03"));
-            alt->setUniqueIdentifier(u"alt-%1"_s.arg(alt->primaryKey()));
-        }
-        auto *neu = store.moc().insertNewObject<FKRRechnung>();
-        neu->setBinaryPDF(bytes("%PDF\0neu"));
-        neu->setEmpfaenger(store.moc().insertNewObject<FKREmpfaenger>());
-        neu->empfaenger()->setNotiz(u"neu"_s);
-        QString error;
-        ASSERT_TRUE(store.moc().save(&error)) << error.toStdString();
-    }
-    OpenStore store(path);
-    for (const FKRRechnung *rechnung : store.moc().fetch<FKRRechnung>()) {
-        if (rechnung->binaryPDF()) {
-            EXPECT_EQ(*rechnung->binaryPDF(), bytes("%PDF\0neu"));
-            EXPECT_EQ(rechnung->empfaenger()->notiz(), u"neu"_s);
-            EXPECT_EQ(rechnung->skonto(), Decimal(0));
-        } else {
-            EXPECT_EQ(rechnung->skonto(), *Decimal::parse("0.03"));
-            EXPECT_EQ(rechnung->uniqueIdentifier(), u"alt-%1"_s.arg(rechnung->primaryKey()));
-        }
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(OlderStores, StoreMigration, ::testing::ValuesIn(kOlderStores),
