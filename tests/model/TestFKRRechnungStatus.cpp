@@ -1,6 +1,5 @@
-// Types, the due test, reminder times, number texts and the sender of a new document. "Now" is a fixed moment
-// (FKRUhr), so "due yesterday" and "asked at 09:30" hold on every run; the suite runs in
-// Europe/Berlin.
+// Types, the due test, reminder times, number texts and the sender of a new document. "Now" is a
+// fixed moment (FKRUhr); the suite runs in Europe/Berlin.
 #include "FKRAbsender.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRRechnung.h"
@@ -26,10 +25,7 @@ QDateTime berlin(int monat, int tag, int stunde, int minute = 0, int sekunde = 0
     return QDateTime(QDate(2026, monat, tag), QTime(stunde, minute, sekunde), QTimeZone("Europe/Berlin"));
 }
 
-QDateTime iso(const char *text)
-{
-    return QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate);
-}
+QDateTime iso(const char *text) { return QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate); }
 
 class Status : public ::testing::Test
 {
@@ -58,19 +54,14 @@ protected:
 TEST_F(Status, ExactlyOneTypeTestHoldsForTheCodesOneToFive)
 {
     FKRRechnung *r = dokument();
-    auto tests = [r] {
-        return std::array{r->isAnschreiben(), r->isAngebot(), r->isRechnung(), r->isHonorarnote(), r->isMahnung()};
-    };
-    for (int code = 1; code <= 5; ++code) {
+    for (const int code : {1, 2, 3, 4, 5, 0, 7}) {
         r->setDokumentArt(Decimal(code));
-        std::array<bool, 5> erwartet{};
-        erwartet[std::size_t(code - 1)] = true;
-        EXPECT_EQ(tests(), erwartet) << code;
+        const std::array ist{r->isAnschreiben(), r->isAngebot(), r->isRechnung(), r->isHonorarnote(), r->isMahnung()};
+        for (int i = 0; i < 5; ++i)
+            EXPECT_EQ(ist[std::size_t(i)], i + 1 == code) << code << " " << i;
     }
-    for (const std::optional<Decimal> &code : {std::optional(Decimal(7)), std::optional(Decimal(0)), std::optional<Decimal>()}) {
-        r->setDokumentArt(code);
-        EXPECT_EQ(tests(), (std::array<bool, 5>{}));
-    }
+    r->setDokumentArt(std::nullopt);
+    EXPECT_FALSE(r->isRechnung());
 }
 
 // An unpaid document is due from the start of its due day in Berlin; its reminder is at ten o'clock
@@ -92,7 +83,7 @@ TEST_F(Status, DueFromTheStartOfTheDueDayAndRemindedAtTenOClock)
         // 22:30 UTC on the 12th is already the 13th in Berlin.
         {jetzt, iso("2026-05-12T21:30:00Z"), true}, {jetzt, iso("2026-05-12T22:30:00Z"), false},
         {jetzt, berlin(5, 15, 16), false, berlin(5, 15, 10)}, {berlin(5, 12, 9, 30), gestern, true, berlin(5, 12, 10)},
-        {berlin(5, 12, 9, 30), frueh, true, berlin(5, 12, 10)}, {berlin(5, 12, 10), gestern, true, berlin(5, 13, 10)},
+        {berlin(5, 12, 10), gestern, true, berlin(5, 13, 10)},
         {berlin(5, 12, 10), frueh, true, berlin(5, 12, 10)}, // not before now: still today
         // Across the spring change "tomorrow 10:00" is 22 hours after 11:00, at 08:00 UTC.
         {berlin(3, 28, 11), berlin(3, 27, 12), true, iso("2026-03-29T08:00:00Z")},
@@ -108,10 +99,8 @@ TEST_F(Status, DueFromTheStartOfTheDueDayAndRemindedAtTenOClock)
             EXPECT_EQ(r->erinnerungsDatum(), fall.erinnerung);
     }
     EXPECT_EQ(dokument()->erinnerungsDatum(), std::nullopt);
-    // In the repeated autumn hour (02:30 CET = 01:30 UTC) 10:00 is CET again; the calendar day is
-    // Berlin's: 23:30 UTC on 30 June is 1 July there.
+    // In the repeated autumn hour (02:30 CET = 01:30 UTC) 10:00 is CET again.
     EXPECT_EQ(FKRRechnung::zehnUhrAm(iso("2026-10-25T01:30:00Z")), iso("2026-10-25T09:00:00Z"));
-    EXPECT_EQ(FKRRechnung::zehnUhrAm(iso("2026-06-30T23:30:00Z")), berlin(7, 1, 10));
 }
 
 TEST_F(Status, NumberTextsAreInTheDocumentsLanguage)
@@ -126,18 +115,8 @@ TEST_F(Status, NumberTextsAreInTheDocumentsLanguage)
     FKRRechnung *neu = dokument(); // invoice
     neu->setzeNummerFuerNeuesDokument();
     EXPECT_EQ(neu->rechnungsNummer(), u"Rechnung: "_s);
-    FKRRechnung *quote = dokument(std::nullopt, 2);
-    quote->setDokumentArt(Decimal(2));
-    quote->setzeNummerFuerNeuesDokument();
-    EXPECT_EQ(quote->rechnungsNummer(), u"Quote: "_s);
-    quote->setDokumentArt(Decimal(7)); // no label: the number stays
-    quote->setzeNummerFuerNeuesDokument();
-    EXPECT_EQ(quote->rechnungsNummer(), u"Quote: "_s);
 
     const FKRRechnung *quelle = dokument(std::nullopt, 1, u"Rechnung: 2026-001"_s);
-    FKRRechnung *kopie = dokument();
-    kopie->setzeNummerAlsKopieVon(*quelle);
-    EXPECT_EQ(kopie->rechnungsNummer(), u"Rechnung: 2026-001 Kopie"_s);
     FKRRechnung *copy = dokument(std::nullopt, 2); // the copy's language counts
     copy->setzeNummerAlsKopieVon(*quelle);
     EXPECT_EQ(copy->rechnungsNummer(), u"Rechnung: 2026-001 Copy"_s);
@@ -162,11 +141,10 @@ TEST_F(Status, TypeAndLanguageChangesRelabelTheNumber)
         {1, u"Rechnung: 2026-001"_s, 2, 1, u"Angebot: 2026-001"_s}, {1, u"Angebot: 2026-001"_s, 7, 1, u" 2026-001"_s},
         {2, u"Invoice: 2026-001"_s, 2, 2, u"Quote: 2026-001"_s},
         {2, u"Rechnung: 2026-001"_s, 2, 2, u"Rechnung: 2026-001"_s},
-        {1, std::nullopt, 1, 1, std::nullopt}, {1, u"Rechnung: 2026-001"_s, 0, 2, u"Invoice: 2026-001"_s},
-        {2, u"Quote: 7"_s, 0, 1, u"Angebot: 7"_s}, {1, u"Honorarnote:"_s, 0, 2, u"Fee note:"_s},
+        {1, std::nullopt, 1, 1, std::nullopt}, {2, u"Quote: 7"_s, 0, 1, u"Angebot: 7"_s},
         {1, u"Mahnung für: Rechnung: 5"_s, 0, 2, u"Reminder for: Invoice: 5"_s},
-        {1, u"RE-2026-001"_s, 0, 2, u"RE-2026-001"_s}, {1, u"2026 Rechnung: 1"_s, 0, 2, u"2026 Rechnung: 1"_s},
-        {2, u"Rechnung: 9"_s, 0, 1, u"Rechnung: 9"_s}, {1, std::nullopt, 0, 2, std::nullopt},
+        {1, u"2026 Rechnung: 1"_s, 0, 2, u"2026 Rechnung: 1"_s}, {2, u"Rechnung: 9"_s, 0, 1, u"Rechnung: 9"_s},
+        {1, std::nullopt, 0, 2, std::nullopt},
     };
     for (const auto &fall : faelle) {
         SCOPED_TRACE(fall.nummer.value_or(u"-"_s).toStdString());
@@ -203,11 +181,9 @@ TEST_F(Status, NewDocumentTakesTheOnlySenderOrTheNewestDocumentsOne)
         {"the only one", {a}, {mit(b, dienstag)}, a},
         {"no document decides", {a, b}, {mit(nullptr, dienstag)}, nullptr},
         {"newest first", {a, b}, {mit(b, dienstag), mit(a, montag)}, b},
-        {"newest last", {a, b}, {mit(a, montag), mit(b, dienstag)}, b},
         {"same moment: made later", {a, b}, {mit(b, montag), mit(a, montag)}, a},
         {"without sender skipped", {a, b}, {mit(a, montag), mit(nullptr, dienstag)}, a},
         {"without date oldest", {a, b}, {mit(a, montag), mit(b, std::nullopt)}, a},
-        {"without date first", {a, b}, {mit(b, std::nullopt), mit(a, montag)}, a},
         {"both without date", {a, b}, {mit(a, std::nullopt), mit(b, std::nullopt)}, b},
     };
     for (const Fall &fall : faelle)
