@@ -1,25 +1,16 @@
-// Whole documents, page by page, against reference images in tests/data/golden: the layouts
-// must keep drawing what they drew when the references were last accepted. A page counts as
-// unchanged when few of its pixels differ by more than a shade (font rasterisation may vary
-// between library versions; a moved block or a changed text does not pass).
-//
-// After an intended change, scripts/update-goldens renders the references again; review them
-// before committing. A failing page leaves <name>-<page>-ist.png and -diff.png (differences in
-// red) in golden-diff/ of the build folder.
+// Whole documents, page by page, against the reference images in tests/data/golden. A page is
+// unchanged when few pixels differ by more than a shade (font rasterisation varies between
+// library versions; a moved block or a changed text does not pass). After an intended change,
+// scripts/update-goldens renders the references again; a failing page leaves its rendering and
+// its differences in red in golden-diff/ of the build folder.
 #include "FKRPDFLayout.h"
-#include "FKRRechnung.h"
 #include "FKRUhr.h"
 #include "GoldenDokumente.h"
-#include "ManagedObjectContext.h"
-#include "PdfPruefung.h"
-#include "QBBenutzerEinstellungen.h"
+#include "WriterTestSupport.h"
 
 #include <QDir>
 #include <QFile>
-#include <QImage>
-#include <QTemporaryDir>
 #include <QTimeZone>
-#include <gtest/gtest.h>
 
 #include <iostream>
 
@@ -33,8 +24,7 @@ void PrintTo(const GoldenDokumente::Dokument &dokument, std::ostream *out)
 namespace {
 
 constexpr double kDpi = 60.0;
-// A pixel differs when its grey level is off by more than this, a page when more than this
-// share of its pixels do. References are kept in grey levels; a changed colour still shows.
+// Grey levels a pixel may be off, share of pixels that may be off.
 constexpr int kToleranz = 24;
 constexpr double kAnteilToleranz = 1e-5;
 
@@ -45,9 +35,7 @@ class GoldenRenderings : public ::testing::TestWithParam<GoldenDokumente::Dokume
 protected:
     static void SetUpTestSuite()
     {
-        // Nothing may depend on the day the suite runs. The shared layout objects keep the
-        // margins of the paper they were made with: make them on A4, as in a program started
-        // with the default setting, whichever document comes first.
+        // Nothing depends on the day; the shared layouts keep the paper they were made with: A4.
         FKRUhr::halteAn(QDateTime(QDate(2024, 3, 20), QTime(9, 30), QTimeZone("Europe/Berlin")));
         QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(false);
         ManagedObjectContext context;
@@ -72,11 +60,7 @@ TEST_P(GoldenRenderings, PagesMatchTheReferenceImages)
     const GoldenDokumente::Dokument &dokument = GetParam();
     QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(dokument.letter);
     FKRRechnung *rechnung = dokument.erstelle(m_context);
-    const QString pdfPfad = m_ordner.filePath(dokument.name + u".pdf"_s);
-    FKRPDFLayout &layout = FKRPDFLayout::fuerRechnung(*rechnung);
-    layout.erstellePDFDateiImPfad(pdfPfad, *rechnung);
-    ASSERT_TRUE(layout.letzteDateiGeschrieben()) << layout.letzterSchreibFehler().toStdString();
-    const PdfPruefung pdf(pdfPfad);
+    const PdfPruefung pdf = writertest::rendere(*rechnung, m_ordner.filePath(dokument.name + u".pdf"_s));
     ASSERT_TRUE(pdf.gelesen()) << pdf.fehler().toStdString();
     EXPECT_EQ(pdf.seitenGroesse(1), dokument.letter ? QSizeF(612, 792) : QSizeF(595.276, 841.89));
 
