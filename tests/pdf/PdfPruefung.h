@@ -12,8 +12,8 @@
 
 // A finished PDF file read back the way a reader sees it, by readers that did not write it:
 // words and their boxes and page sizes (pdftotext -bbox), document information and protection
-// (pdfinfo, qpdf), image placement (pdftohtml) and rendered pages (QtPdf). Positions are in
-// points from the top-left corner of the page, pages are numbered from 1.
+// (pdfinfo, qpdf) and rendered pages (QtPdf). Positions are in points from the top-left corner
+// of the page, pages are numbered from 1.
 class PdfPruefung
 {
 public:
@@ -23,12 +23,6 @@ public:
         QRectF box;
     };
 
-    struct Seite
-    {
-        QSizeF groesse;
-        QList<Wort> woerter;
-    };
-
     explicit PdfPruefung(const QString &pfad);
 
     bool gelesen() const { return m_fehler.isEmpty(); }
@@ -36,42 +30,34 @@ public:
     const QString &pfad() const { return m_pfad; }
 
     int seitenAnzahl() const { return int(m_seiten.size()); }
-    QSizeF seitenGroesse(int seite) const;
-    const QList<Wort> &woerter(int seite) const;
-    // The box around the first occurrence of `phrase` as consecutive words, or nothing.
-    std::optional<QRectF> finde(int seite, const QString &phrase) const;
+    QSizeF seitenGroesse(int seite) const { return seite_(seite).groesse; }
+    const QList<Wort> &woerter(int seite) const { return seite_(seite).woerter; }
+    // The boxes around the occurrences of `phrase` as consecutive words.
     QList<QRectF> findeAlle(int seite, const QString &phrase) const;
-    // Of several occurrences the one whose top is nearest to `top`.
-    std::optional<QRectF> findeNahe(int seite, const QString &phrase, double top) const;
-    // The page's text in reading order.
+    std::optional<QRectF> finde(int seite, const QString &phrase) const;
+    // The page's text in reading order; the text of every page, each run of white space one blank.
     QString text(int seite) const;
-    // The text of every page, each run of white space one blank.
     QString fliesstext() const;
 
     // "Key: value" lines of pdfinfo (Title, Creator, Author, Encrypted, …).
     QMap<QString, QString> info() const;
     // qpdf --show-encryption as key → value; statements are keys with an empty value.
     QMap<QString, QString> verschluesselung() const;
-    // The file's encryption dictionary as qpdf shows it.
-    QString verschluesselungsEintraege() const;
 
-    // The boxes in which the page's images are placed, in whole points.
-    QList<QRectF> bilder(int seite) const;
     // The page rendered at `dpi` onto white paper (RGB32).
     QImage bild(int seite, double dpi) const;
-
-    // Measures on a page rendered at `dpi`, in points: the bounding box of the pixels close to
-    // `farbe`; how far the pixel at (x, y) is from white (0 to 255); the centres of the strokes
-    // crossing the pixel column at x between y0 and y1.
+    // On a page rendered at `dpi`, in points: the bounding box of the pixels close to `farbe`;
+    // how far the pixel at (x, y) is from white (0 to 255).
     static QRectF flaeche(const QImage &bild, double dpi, QColor farbe, int toleranz = 60);
     static int tinte(const QImage &bild, double dpi, double x, double y);
-    static QList<double> striche(const QImage &bild, double dpi, double x, double y0, double y1);
-
-    static QByteArray starte(const QString &programm, const QStringList &argumente, QString *fehler = nullptr);
 
 private:
-    const Seite &seite(int seite) const;
-    void leseWoerter(const QByteArray &xhtml);
+    struct Seite
+    {
+        QSizeF groesse;
+        QList<Wort> woerter;
+    };
+    const Seite &seite_(int seite) const;
 
     QString m_pfad;
     QString m_fehler;
