@@ -35,26 +35,12 @@ protected:
         QLocale::setDefault(QLocale(QString::fromLatin1(name)));
         FKRLocalizationHelper::installiereHauptTabelle();
     }
-    static QString text(const char *key, std::optional<int> sprache)
-    {
-        return FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(key), sprache);
-    }
-    static QString datum(const QDateTime &date, DateStyle dateStyle, DateStyle timeStyle, std::optional<int> sprache)
-    {
-        return FKRLocalizationHelper::lokalisiertesDatum(date, dateStyle, timeStyle, sprache);
-    }
-
     const QLocale saved;
     const bool hadZone = qEnvironmentVariableIsSet("TZ");
     const QByteArray savedZone = qgetenv("TZ");
 };
-
-QDateTime berlin(int day, int hour, int minute)
-{
-    return QDateTime(QDate(2026, 11, day), QTime(hour, minute), QTimeZone("Europe/Berlin"));
-}
-
 using DocumentLanguage = UserLanguage;
+using DocumentDates = UserLanguage;
 
 // German (1) and English (2) documents use their table whatever the user speaks; a key missing
 // there falls back to the user's table, one missing everywhere comes back unchanged; an absent or
@@ -62,25 +48,19 @@ using DocumentLanguage = UserLanguage;
 // language, English for every language but German.
 TEST_F(DocumentLanguage, TextsComeFromTheDocumentsTableThenTheUsersThenTheKeyItself)
 {
-    const std::optional<int> ohne;
-    const struct {
-        const char *locale, *key;
-        std::optional<int> dokument;
-        QString text;
-    } faelle[] = {
+    const struct { const char *locale, *key; std::optional<int> dokument; QString text; } faelle[] = {
         {"fr", "Rechnung:", 1, u"Rechnung:"_s}, {"fr", "Rechnung:", 2, u"Invoice:"_s},
         {"de_DE", "PRUEFTEXT_NUR_DEUTSCH", 2, u"Nur im deutschen Katalog"_s},
-        {"en_US", "PRUEFTEXT_NUR_DEUTSCH", 2, u"PRUEFTEXT_NUR_DEUTSCH"_s}, {"en_GB", "Angebot:", ohne, u"Quote:"_s},
+        {"en_US", "PRUEFTEXT_NUR_DEUTSCH", 2, u"PRUEFTEXT_NUR_DEUTSCH"_s}, {"en_GB", "Angebot:", std::nullopt, u"Quote:"_s},
         {"en_GB", "Angebot:", 3, u"Quote:"_s}, {"de_AT", "Angebot:", 0, u"Angebot:"_s},
     };
     for (const auto &fall : faelle) {
         useLocale(fall.locale);
-        EXPECT_EQ(text(fall.key, fall.dokument), fall.text) << fall.locale << " " << fall.key << " " << fall.dokument.value_or(-1);
+        EXPECT_EQ(FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(fall.key), fall.dokument), fall.text)
+            << fall.locale << " " << fall.key << " " << fall.dokument.value_or(-1);
     }
-    const struct {
-        const char *locale;
-        QString text, dialog;
-    } haupt[] = {{"de_AT", u"Schließen"_s, u"Suchen in:"_s}, {"fr_FR", u"Close"_s, u"Look in:"_s}};
+    const struct { const char *locale; QString text, dialog; } haupt[] = {
+        {"de_AT", u"Schließen"_s, u"Suchen in:"_s}, {"fr_FR", u"Close"_s, u"Look in:"_s}};
     for (const auto &fall : haupt) {
         useLocale(fall.locale);
         EXPECT_EQ(FKRLocalizationHelper::hauptTabellenText(u"BUTTON_TITLE_CLOSE"_s), fall.text);
@@ -93,28 +73,24 @@ TEST(DocumentLanguageTables, ConcurrentFirstUseGivesEveryThreadTheFullTables)
     // ctest runs each test in its own process, so this is the very first use of the tables.
     std::atomic<int> ready{0}, wrong{0};
     std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t) {
+    for (int t = 0; t < 4; ++t)
         threads.emplace_back([&, t] {
-            ++ready;
-            while (ready.load() < 4) {
+            for (++ready; ready.load() < 4;) {
             }
-            const QString expected = t % 2 ? u"Reminder:"_s : u"Mahnung:"_s;
             for (int i = 0; i < 200; ++i)
-                wrong += FKRLocalizationHelper::lokalisierterText(u"Mahnung:"_s, t % 2 + 1) != expected;
+                wrong += FKRLocalizationHelper::lokalisierterText(u"Mahnung:"_s, t % 2 + 1) != (t % 2 ? u"Reminder:"_s : u"Mahnung:"_s);
         });
-    }
     for (auto &thread : threads)
         thread.join();
     EXPECT_EQ(wrong.load(), 0);
 }
 
-using DocumentDates = UserLanguage;
-
 // The document's language decides the locale, else the user's at call time; the day is the one
-// of the zone in force at call time (23:30 in Berlin is the 16th in New York, the 17th in Tokyo).
+// of the zone in force at call time (23:30 in Berlin is the 16th in New York).
 TEST_F(DocumentDates, LanguageStylesAndZoneAtCallTimeDecide)
 {
-    const QDateTime mittag = berlin(16, 12, 0), nacht = berlin(16, 23, 30);
+    const QDateTime mittag(QDate(2026, 11, 16), QTime(12, 0), QTimeZone("Europe/Berlin"));
+    const QDateTime nacht(QDate(2026, 11, 16), QTime(23, 30), QTimeZone("Europe/Berlin"));
     const struct {
         const char *locale;
         QDateTime datum;
@@ -132,7 +108,8 @@ TEST_F(DocumentDates, LanguageStylesAndZoneAtCallTimeDecide)
     for (const auto &fall : faelle) {
         useLocale(fall.locale);
         setenv("TZ", fall.zone, 1);
-        EXPECT_EQ(datum(fall.datum, fall.tag, fall.zeit, fall.dokument), fall.text) << &fall - faelle;
+        EXPECT_EQ(FKRLocalizationHelper::lokalisiertesDatum(fall.datum, fall.tag, fall.zeit, fall.dokument), fall.text)
+            << &fall - faelle;
     }
 }
 } // namespace
