@@ -18,7 +18,6 @@ namespace harness {
 
 using namespace Qt::Literals::StringLiterals;
 
-// One line of the daemon's log: what it received and showed.
 struct Gezeigt {
     uint id = 0;
     QString anwendung, titel, text, dringlichkeit, desktopEintrag;
@@ -71,10 +70,9 @@ public:
                 beende(**prozess);
     }
 
-    // Why the tests must skip, or empty.
     QString fehlt() const { return m_fehlt; }
 
-    // Start and stop of the daemon, each waiting until the notification service is there or gone.
+    // Each waits until the notification service is there or gone.
     bool starteDunst()
     {
         m_dunst = starteKind(u"dunst"_s, {u"-conf"_s, m_ordner.filePath(u"dunstrc"_s)});
@@ -95,29 +93,21 @@ public:
     {
         QList<Gezeigt> ergebnis;
         QFile datei(protokollPfad());
-        if (datei.open(QIODevice::ReadOnly)) {
-            for (const QByteArray &zeile : datei.readAll().split('\n')) {
-                const QStringList t = QString::fromUtf8(zeile).split(u'\t');
-                if (t.size() == 6)
-                    ergebnis.append({t[0].toUInt(), t[1], t[2], t[3], t[4], t[5]});
-            }
+        for (const QByteArray &zeile : datei.open(QIODevice::ReadOnly) ? datei.readAll().split('\n') : QByteArrayList()) {
+            if (const QStringList t = QString::fromUtf8(zeile).split(u'\t'); t.size() == 6)
+                ergebnis.append({t[0].toUInt(), t[1], t[2], t[3], t[4], t[5]});
         }
         return ergebnis;
     }
 
-    // dunstctl's answer, trimmed.
     static QString dunstctl(const QStringList &argumente)
     {
-        QProcess prozess;
-        prozess.start(u"dunstctl"_s, argumente);
-        if (!prozess.waitForFinished(3000))
-            prozess.kill();
-        prozess.waitForFinished(1000);
-        return QString::fromUtf8(prozess.readAllStandardOutput()).trimmed();
+        const auto prozess = starteKind(u"dunstctl"_s, argumente);
+        if (!prozess->waitForFinished(3000))
+            beende(*prozess);
+        return QString::fromUtf8(prozess->readAllStandardOutput()).trimmed();
     }
-    // The number of notifications on screen.
     static int angezeigt() { return dunstctl({u"count"_s, u"displayed"_s}).toInt(); }
-    // Closes whatever a previous test left on screen and forgets what was shown.
     bool raeumeAuf() const
     {
         dunstctl({u"close-all"_s});
@@ -126,7 +116,7 @@ public:
     }
 
 private:
-    // dbus-daemon prints its address, Xvfb its display number, once it is ready.
+    // dbus-daemon prints its address, Xvfb its display number, once ready.
     static QByteArray ersteZeile(QProcess &prozess)
     {
         const QDeadlineTimer frist(5000);
@@ -143,8 +133,5 @@ private:
 } // namespace harness
 
 // First thing in a fixture's SetUp: skips when the machine lacks one of the desktop programs.
-#define VELMORA_DESKTOP_ODER_UEBERSPRINGEN(umgebung)                                                          \
-    do {                                                                                                      \
-        if (!(umgebung).fehlt().isEmpty())                                                                    \
-            GTEST_SKIP() << (umgebung).fehlt().toStdString();                                                 \
-    } while (false)
+#define VELMORA_DESKTOP_ODER_UEBERSPRINGEN(u) \
+    do { if (!(u).fehlt().isEmpty()) GTEST_SKIP() << (u).fehlt().toStdString(); } while (false)

@@ -16,7 +16,7 @@
 
 namespace harness {
 
-// Runs the event loop until `bedingung` holds or `ms` have passed; true when it held.
+// True when `bedingung` held before `ms` had passed, the event loop running meanwhile.
 inline bool warteBis(const std::function<bool()> &bedingung, int ms = 5000)
 {
     const QDeadlineTimer frist(ms);
@@ -44,7 +44,6 @@ inline std::unique_ptr<QProcess> starteKind(const QString &programm, const QStri
     return prozess;
 }
 
-// Asks a child to end, and ends it when it does not.
 inline void beende(QProcess &prozess)
 {
     if (prozess.state() == QProcess::NotRunning)
@@ -66,17 +65,13 @@ inline QProcessEnvironment privateUmgebung(const QString &heim)
     return umgebung;
 }
 
-// Collects every warning (and worse) while it lives.
+// Every warning (and worse) while it lives.
 class Warnungen
 {
 public:
     Warnungen() : m_vorher(qInstallMessageHandler(&Warnungen::nimm)) { zeilen().clear(); }
     ~Warnungen() { qInstallMessageHandler(m_vorher); }
-    static QStringList &zeilen()
-    {
-        static QStringList z;
-        return z;
-    }
+    static QStringList &zeilen() { static QStringList z; return z; }
 
 private:
     static void nimm(QtMsgType typ, const QMessageLogContext &, const QString &text)
