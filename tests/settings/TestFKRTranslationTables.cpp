@@ -11,18 +11,13 @@
 #include <QXmlStreamReader>
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 
 using namespace Qt::Literals::StringLiterals;
 
 inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
-
 namespace {
-struct Eintrag {
-    QString text;
-    bool fertig = true;
-};
+struct Eintrag { QString text; bool fertig = true; };
 using Tabelle = QMap<QString, Eintrag>;
 
 Tabelle leseTabelle(const char *name)
@@ -33,13 +28,11 @@ Tabelle leseTabelle(const char *name)
     QXmlStreamReader xml(&file);
     QString context, source;
     while (xml.readNext() != QXmlStreamReader::EndDocument && !xml.hasError()) {
-        if (!xml.isStartElement())
-            continue;
-        if (xml.name() == u"name") {
+        if (xml.isStartElement() && xml.name() == u"name")
             context = xml.readElementText();
-        } else if (xml.name() == u"source") {
+        else if (xml.isStartElement() && xml.name() == u"source")
             source = xml.readElementText();
-        } else if (xml.name() == u"translation") {
+        else if (xml.isStartElement() && xml.name() == u"translation") {
             EXPECT_EQ(context, FKRLocalizationHelper::kContext) << source.toStdString();
             EXPECT_FALSE(tabelle.contains(source)) << "twice: " << source.toStdString();
             const bool fertig = xml.attributes().value(QStringLiteral("type")).isEmpty();

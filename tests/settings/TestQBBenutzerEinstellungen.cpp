@@ -25,11 +25,7 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray("[General]\n") + generalSection);
     }
-    QByteArray dateiInhalt() const
-    {
-        QFile file(path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray dateiInhalt() const { QFile file(path()); return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(); }
     // Read from the bytes, because QSettings objects of one process share unsaved changes and
     // would hide a missing flush.
     Eintraege aufPlatte() const
@@ -77,10 +73,7 @@ TEST_F(QBBenutzerEinstellungenTest, FirstStartWritesEveryDefaultUnderItsExactKey
 // cannot be read falls back (booleans to false, even those whose first-start value is true).
 TEST_F(QBBenutzerEinstellungenTest, ExistingFilesAreReadWithFallbacksAndLeftUntouched)
 {
-    const struct {
-        const char *datei;
-        Eintraege geladen;
-    } faelle[] = {
+    const struct { const char *datei; Eintraege geladen; } faelle[] = {
         {"anzahlAppStarts=7\nzeitFormat24h=true\n", {{"anzahlAppStarts", "7"}, {"zeitFormat24h", "true"},
           {"zeigeErklaerungstexte", "false"}, {"backgroundColorRechnungen", "43"}, {"mahnungZahlungsfristTage", "14"}}},
         {"anzahlAppStarts=12.0\nbackgroundColor=4.3e1\ndaysToDisplayInNotificationCenter=\" 17 \"\nstartHelperAtLogin=1\n"
