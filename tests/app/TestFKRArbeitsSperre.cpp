@@ -43,7 +43,6 @@ TEST(FKRArbeitsSperre, EntferntNurWasNiemandHaeltUndSichSeitEinerWeileNichtGeaen
         } else {
             ASSERT_TRUE(QDir().mkpath(pfad));
             schreibe(pfad + QStringLiteral("/VelmoraRechnungen.storedata"), "entpackt");
-            // A link inside points out of the folder: it goes, what it points to stays.
             ASSERT_TRUE(QFile::link(draussen, pfad + QStringLiteral("/VelmoraRechnungen.storedata-wal")));
         }
         if (fall.gehalten) {
@@ -61,11 +60,9 @@ TEST(FKRArbeitsSperre, EntferntNurWasNiemandHaeltUndSichSeitEinerWeileNichtGeaen
     }
     EXPECT_EQ(lies(draussen), "gehoert dem Nutzer");
 
-    // Once the other run lets go, its leftovers are nobody's.
     sperren.clear();
     FKRArbeitsSperre::raeumeAuf(ordner, {QStringLiteral(".DataBackup-Halt01.part")});
     EXPECT_FALSE(QFileInfo::exists(ordner + QStringLiteral("/.DataBackup-Halt01.part")));
-    // One lock at a time: a second holder is refused while the first holds.
     const FKRArbeitsSperre erste(draussen);
     EXPECT_FALSE(FKRArbeitsSperre(draussen).gehalten());
 }
