@@ -7,30 +7,16 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace {
-void pruefe(bool bedingung)
-{
-    if (!bedingung)
-        std::abort();
-}
-} // namespace
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    FuzzUmgebung::richteEin(argc, argv);
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t groesse)
 {
     const FKRBildLeser::Ergebnis ergebnis = FKRBildLeser::lies(FuzzUmgebung::bytes(daten, groesse));
     if (!ergebnis.gelesen()) {
-        pruefe(ergebnis.bild.isNull() && !ergebnis.grund().isEmpty() && !ergebnis.grund().contains(QLatin1Char('\n')));
+        erwarte(ergebnis.bild.isNull() && !ergebnis.grund().isEmpty() && !ergebnis.grund().contains(QLatin1Char('\n')));
         return 0;
     }
     const QImage &bild = ergebnis.bild;
-    pruefe(!bild.isNull() && qint64(bild.width()) * bild.height() <= FKRBildLeser::kMaxBildpunkte);
-    pruefe(std::isfinite(ergebnis.punkte.width()) && std::isfinite(ergebnis.punkte.height())
+    erwarte(!bild.isNull() && qint64(bild.width()) * bild.height() <= FKRBildLeser::kMaxBildpunkte);
+    erwarte(std::isfinite(ergebnis.punkte.width()) && std::isfinite(ergebnis.punkte.height())
            && ergebnis.punkte.width() > 0 && ergebnis.punkte.height() > 0);
     return 0;
 }

@@ -10,12 +10,6 @@
 
 #include <cstdlib>
 
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    FuzzUmgebung::richteEin(argc, argv);
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t groesse)
 {
     const QString pfad = FuzzUmgebung::alsDatei(daten, groesse, QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));

@@ -2,20 +2,18 @@
 
 #include "PrivatesHeim.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
 #include <cstdlib>
-#include <memory>
 
 namespace {
 QTemporaryDir *heim = nullptr;
 } // namespace
 
-void FuzzUmgebung::richteEin(int *argc, char ***argv)
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     // Kept for the life of the process; the fuzzer ends it with exit().
     static QTemporaryDir ordner(QDir::tempPath() + QStringLiteral("/velmora-fuzz-XXXXXX"));
@@ -23,10 +21,11 @@ void FuzzUmgebung::richteEin(int *argc, char ***argv)
     richtePrivatesHeimEin(ordner.path().toUtf8());
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     setenv("LANG", "de_DE.UTF-8", 0);
-    static std::unique_ptr<QGuiApplication> anwendung = std::make_unique<QGuiApplication>(*argc, *argv);
+    static QGuiApplication anwendung(*argc, *argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Velmora"));
     QCoreApplication::setApplicationName(QStringLiteral("Velmora-Rechnungen"));
-    QDir().mkpath(arbeitsOrdner());
+    QDir().mkpath(FuzzUmgebung::arbeitsOrdner());
+    return 0;
 }
 
 QString FuzzUmgebung::arbeitsOrdner()
@@ -36,8 +35,7 @@ QString FuzzUmgebung::arbeitsOrdner()
 
 void FuzzUmgebung::leere()
 {
-    QDir ordner(arbeitsOrdner());
-    ordner.removeRecursively();
+    QDir(arbeitsOrdner()).removeRecursively();
     QDir().mkpath(arbeitsOrdner());
 }
 

@@ -14,20 +14,10 @@
 #include <QDirIterator>
 #include <QFile>
 
-#include <cstdio>
-#include <cstdlib>
 #include <map>
+#include <set>
 
 namespace {
-
-void pruefeBei(bool bedingung, int zeile)
-{
-    if (!bedingung) {
-        std::fprintf(stderr, "fault at line %d\n", zeile);
-        std::abort();
-    }
-}
-#define erwarte(b) pruefeBei((b), __LINE__)
 
 // Every file below `ordner` (hidden ones too) with a hash of its bytes.
 std::map<QString, QByteArray> inhalt(const QString &ordner)
@@ -44,12 +34,6 @@ std::map<QString, QByteArray> inhalt(const QString &ordner)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
-{
-    FuzzUmgebung::richteEin(argc, argv);
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t groesse)
 {
@@ -78,24 +62,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t gro
         }
     }
     // Only the store files may have changed, and only into a store the program can open.
-    auto nachher = inhalt(arbeit);
-    bool geaendert = false;
-    for (auto &[name, hash] : vorher) {
-        const auto neu = nachher.find(name);
-        if (neu != nachher.end() && neu->second == hash) {
-            nachher.erase(neu);
-            continue;
-        }
-        geaendert = true;
+    const auto nachher = inhalt(arbeit);
+    std::set<QString> geaendert;
+    for (const auto *seite : {&vorher, &nachher})
+        for (const auto &[name, hash] : *seite)
+            if (vorher.count(name) != nachher.count(name) || vorher.at(name) != nachher.at(name))
+                geaendert.insert(name);
+    for (const QString &name : geaendert)
         erwarte(name.startsWith(QStringLiteral("daten/")) && FKRDatensicherung::storeDateiNamen().contains(name.mid(6)));
-        if (neu != nachher.end())
-            nachher.erase(neu);
-    }
-    for (const auto &[name, hash] : nachher) { // files that were not there before
-        geaendert = true;
-        erwarte(name.startsWith(QStringLiteral("daten/")) && FKRDatensicherung::storeDateiNamen().contains(name.mid(6)));
-    }
-    if (geaendert)
+    if (!geaendert.empty())
         erwarte(StoreCheck::check(datenOrdner + QLatin1Char('/') + QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName)).usable());
     FuzzUmgebung::leere();
     return 0;
