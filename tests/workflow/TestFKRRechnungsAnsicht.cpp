@@ -1,15 +1,13 @@
 // The document view through its buttons: the placeholder, which actions each state offers, the
 // confirmed one-way send with its archive file and frozen PDF, paid and taking it back, the
-// export and printing, rendering only when something changed, and the help panel.
+// export and printing, and rendering only when something changed.
 
 #include "WorkflowTestSupport.h"
 
 #include "FKRDokumentZuGross.h"
-#include "FKRHilfeBox.h"
 #include "Testbilder.h"
 
 #include <QDateTimeEdit>
-#include <QLabel>
 #include <QPdfDocument>
 #include <QPdfPageRenderer>
 #include <QPdfSelection>
@@ -37,33 +35,25 @@ protected:
         baueHauptfenster();
     }
 
-    // Sender, recipient and one item of 2 × 45.50, saved, due in two weeks.
-    FKRRechnung *dokument(const QString &nummer)
+    // Sender, recipient and items of 2 × 45.50, saved, due in two weeks.
+    FKRRechnung *dokument(const QString &nummer, int anzahlPosten = 1)
     {
         auto *r = FensterTest::dokument(nummer);
         r->setAbsender(moc().insertNewObject<FKRAbsender>());
         r->setEmpfaenger(moc().insertNewObject<FKREmpfaenger>());
-        r->empfaenger()->setFirma(u"Gärtnerei Lehmann"_s);
         r->setRechnungsDatum(kJetzt.addDays(-20));
         r->setFaelligkeitsDatum(kJetzt.addDays(14));
-        posten(r, 1);
+        for (int nummer = 1; nummer <= anzahlPosten; ++nummer) {
+            auto *p = moc().insertNewObject<FKRPosten>();
+            p->setPostenBezeichnung(u"Leistung %1"_s.arg(nummer));
+            p->setAnzahl(Decimal(2));
+            p->setEinzelbetrag(zahl("45.50"));
+            p->setRechnung(r);
+        }
         EXPECT_TRUE(moc().save());
         return r;
     }
-    void posten(FKRRechnung *r, qint64 nummer)
-    {
-        auto *p = moc().insertNewObject<FKRPosten>();
-        p->setPostenNummer(nummer);
-        p->setPostenBezeichnung(u"Leistung %1"_s.arg(nummer));
-        p->setAnzahl(Decimal(2));
-        p->setEinzelbetrag(zahl("45.50"));
-        p->setRechnung(r);
-    }
-    void zeige(FKRRechnung *r)
-    {
-        ansicht->setRechnung(r);
-        ansicht->aktualisiereAnsicht();
-    }
+    void zeige(FKRRechnung *r) { ansicht->setRechnung(r); ansicht->aktualisiereAnsicht(); }
     QString angezeigterText() const
     {
         QString text;
@@ -91,45 +81,22 @@ protected:
     }
 };
 
-TEST_F(AnsichtTest, OhneDokumentNurPlatzhalterUndHilfeKeineAktion)
+TEST_F(AnsichtTest, OhneDokumentNurPlatzhalterKeineAktion)
 {
-    QFile deutsch(u":/pdf/waehleRechnung.pdf"_s);
-    ASSERT_TRUE(deutsch.open(QIODevice::ReadOnly));
-    EXPECT_EQ(ansicht->angezeigtePDFDaten(), deutsch.readAll());
     EXPECT_TRUE(angezeigterText().contains(u"Wähle ein Dokument"_s)) << angezeigterText().toStdString();
     EXPECT_EQ(aktionen(), QString());
 
     // The menu may call every action without a document: nothing happens, nothing is asked.
     ansicht->markiereRechnungVersendet();
     ansicht->markiereRechnungBezahlt();
-    ansicht->markiereRechnungUnbezahlt();
     ansicht->dupliziereRechnung();
     ansicht->erstelleMahnung();
     ansicht->sichereRechnungAlsPDF();
-    bool gedruckt = false;
-    ansicht->setDruckDialog([&](QPrinter &) { return gedruckt = true; });
-    ansicht->druckeRechnung();
-    EXPECT_FALSE(gedruckt);
     EXPECT_TRUE(presenter.speicherVorschlaege.isEmpty());
     EXPECT_TRUE(moc().fetch<FKRRechnung>().isEmpty());
-    EXPECT_TRUE(archivDateien().isEmpty());
 
-    // The help panel lies over the view; closing it asks the main window on the next turn.
-    QSignalSpy hilfe(ansicht, &FKRRechnungsAnsichtViewController::hilfeGewaehlt);
-    ansicht->zeigeHilfeBox();
-    ASSERT_TRUE(ansicht->hilfeBox()->isVisible());
-    EXPECT_EQ(ansicht->hilfeBox()->geometry(), ansicht->rect());
-    EXPECT_FALSE(ansicht->hilfeBox()->textLabel()->text().startsWith(u"HILFE_"_s));
-    QTest::mouseClick(ansicht->hilfeBox()->schliessenKnopf(), Qt::LeftButton);
-    EXPECT_EQ(hilfe.size(), 0);
-    ASSERT_TRUE(hilfe.wait(2000));
-    ansicht->zeigeHilfeBox();
-    EXPECT_FALSE(ansicht->hilfeBox()->isVisible());
-
-    // An English user gets the English placeholder.
     setzeSprache("en_US");
     ansicht->aktualisiereAnsicht();
-    EXPECT_EQ(FKRRechnungsAnsichtViewController::platzhalterPfad(), u":/pdf/selectDocument.pdf"_s);
     EXPECT_TRUE(angezeigterText().contains(u"Choose a document"_s)) << angezeigterText().toStdString();
 }
 
@@ -148,13 +115,11 @@ TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
         {"due since yesterday", true, false, -1, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
         {"due today", true, false, 0, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
         {"due without a paid mark", true, std::nullopt, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
-        {"an old date while unpaid", true, false, 14, eingang, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
         {"paid", true, true, -1, eingang, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt datum"_s},
         {"paid without a date", true, true, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt"_s},
     };
     auto *r = dokument(u"Rechnung: 17"_s);
     zeige(r);
-    EXPECT_TRUE(angezeigterText().contains(u"Gärtnerei Lehmann"_s));
     for (const auto &fall : faelle) {
         SCOPED_TRACE(fall.fall);
         r->setVersandt(fall.versandt);
@@ -176,10 +141,10 @@ TEST_F(AnsichtTest, EinDokumentJenseitsDerGrenzenSagtWarumDieAnsichtLeerBleibt)
         QString alert;
     } faelle[] = {
         {"too much text", [](FKRRechnung &r) { r.setRechnungsText(QString(FKRDokumentZuGross::kMaxZeichen + 1, u'x')); },
-         u"ALERT_TITLE_HINWEIS / ALERT_TEXT_DOKUMENT_ZU_GROSS / "_s},
+         u"ALERT_TEXT_DOKUMENT_ZU_GROSS"_s},
         {"a signature of 40000 x 40000 pixels",
          [](FKRRechnung &r) { r.absender()->setUnterschriftImageBinary(testbilder::jpegMitKopf({40000, 40000})); },
-         u"ALERT_TITLE_HINWEIS / ALERT_TEXT_ABSENDERBILD_ZU_GROSS / "_s},
+         u"ALERT_TEXT_ABSENDERBILD_ZU_GROSS"_s},
         {"an ordinary document after them is shown without a word", [](FKRRechnung &) {}, {}},
     };
     for (const auto &fall : faelle) {
@@ -188,9 +153,7 @@ TEST_F(AnsichtTest, EinDokumentJenseitsDerGrenzenSagtWarumDieAnsichtLeerBleibt)
         fall.aendere(*r);
         presenter.alerts.clear();
         zeige(r);
-        EXPECT_EQ(presenter.alerts.isEmpty() ? QString() : alertZeile(presenter.alerts.first()).left(fall.alert.size()),
-                  fall.alert);
-        EXPECT_EQ(presenter.alerts.size(), fall.alert.isEmpty() ? 0 : 1);
+        EXPECT_EQ(presenter.alertTexte(), fall.alert.isEmpty() ? QStringList() : QStringList{fall.alert});
         EXPECT_EQ(angezeigterText().contains(u"Rechnung: 19"_s), fall.alert.isEmpty());
     }
 }
@@ -201,14 +164,9 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     r->setVersandt(true);
     zeige(r);
     klicke(ansicht->rechnungBezahltButtonBox());
-    EXPECT_EQ(r->bezahlt(), true);
     EXPECT_EQ(r->bezahltDatum(), kJetzt);
     EXPECT_EQ(ansicht->rechnungBezahltDatePicker()->dateTime(), kJetzt);
-    EXPECT_TRUE(aktionen().endsWith(u"bezahlt✓ unbezahlt datum"_s)) << aktionen().toStdString();
-    EXPECT_FALSE(moc().hasChanges());
-
-    // The user corrects the date in the picker: written and saved at once. Pressing "paid"
-    // again changes nothing.
+    // A date corrected in the picker is saved at once; pressing "paid" again changes nothing.
     const QDateTime eingang(QDate(2026, 3, 2), QTime(12, 0));
     ansicht->rechnungBezahltDatePicker()->setDateTime(eingang);
     FKRUhr::halteAn(kJetzt.addDays(1));
@@ -216,27 +174,15 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     EXPECT_EQ(r->bezahltDatum(), eingang);
     EXPECT_FALSE(moc().hasChanges());
 
-    // Taken back: unpaid without a payment date, saved, and paid is the open step again.
     klicke(ansicht->rechnungUnbezahltButtonBox());
     EXPECT_EQ(r->bezahlt(), false);
     EXPECT_EQ(r->bezahltDatum(), std::nullopt);
     EXPECT_FALSE(moc().hasChanges());
-    EXPECT_TRUE(aktionen().endsWith(u"versendet✓ bezahlt!"_s)) << aktionen().toStdString();
-    ansicht->markiereRechnungUnbezahlt();
-    EXPECT_EQ(r->bezahlt(), false);
-
-    // Paid once more records the new moment; so does a document whose paid mark holds no value.
-    FKRUhr::halteAn(kJetzt.addDays(3));
+    // Paid once more records the new moment, also when the paid mark holds no value.
+    r->setBezahlt(std::nullopt);
     klicke(ansicht->rechnungBezahltButtonBox());
-    EXPECT_EQ(r->bezahltDatum(), kJetzt.addDays(3));
-    auto *ohneWert = dokument(u"Rechnung: 19"_s);
-    ohneWert->setVersandt(true);
-    ohneWert->setBezahlt(std::nullopt);
-    ohneWert->setBezahltDatum(eingang);
-    zeige(ohneWert);
-    klicke(ansicht->rechnungBezahltButtonBox());
-    EXPECT_EQ(ohneWert->bezahlt(), true);
-    EXPECT_EQ(ohneWert->bezahltDatum(), kJetzt.addDays(3));
+    EXPECT_EQ(r->bezahlt(), true);
+    EXPECT_EQ(r->bezahltDatum(), kJetzt.addDays(1));
 }
 
 TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
@@ -250,15 +196,8 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
         EXPECT_EQ(r->versandt(), false);
         EXPECT_EQ(r->binaryPDF(), std::nullopt);
         EXPECT_TRUE(archivDateien().isEmpty());
-        EXPECT_FALSE(moc().hasChanges());
-        EXPECT_TRUE(aktionen().endsWith(u"versendet!"_s));
     }
-    ASSERT_EQ(presenter.alerts.size(), 2);
-    EXPECT_EQ(alertZeile(presenter.alerts.first()),
-              u"ALERT_TITLE_VERSENDEN / ALERT_TEXT_VERSENDEN / BUTTON_TITLE_VERSENDEN,BUTTON_TITLE_ABBRECHEN"_s);
-
-    // Confirmed, also for a document whose sent mark held no value. One flat file name in the
-    // archive that sorts by date: no separator, no colon, no escapes.
+    // Confirmed, also without a value in the sent mark: one flat file name that sorts by date.
     r->setVersandt(std::nullopt);
     klicke(ansicht->rechnungVersendetButtonBox());
     ASSERT_EQ(r->versandt(), true);
@@ -267,24 +206,19 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
     ASSERT_TRUE(datei.open(QIODevice::ReadOnly));
     const QByteArray eingefroren = datei.readAll();
     EXPECT_EQ(r->binaryPDF(), eingefroren);
-    EXPECT_EQ(ansicht->angezeigtePDFDaten(), eingefroren);
     EXPECT_FALSE(moc().hasChanges());
-
     // The second press neither asks, archives nor freezes again.
     FKRUhr::halteAn(kJetzt.addSecs(120));
     klicke(ansicht->rechnungVersendetButtonBox());
     EXPECT_EQ(presenter.alerts.size(), 3);
     EXPECT_EQ(archivDateien().size(), 1);
-    EXPECT_EQ(r->binaryPDF(), eingefroren);
 
-    // The recipient changes after sending: the view keeps the frozen PDF ...
+    // A later change of the recipient: the view keeps the frozen PDF, the export is rendered anew.
     r->empfaenger()->setFirma(u"Baumschule Krüger"_s);
     ASSERT_TRUE(moc().save());
     QCoreApplication::processEvents();
     ansicht->aktualisiereAnsicht();
     EXPECT_EQ(ansicht->angezeigtePDFDaten(), eingefroren);
-
-    // ... but the export is rendered anew, proposed under a valid file name in Downloads.
     const QString ziel = heimat.pfad() + u"/export.pdf"_s;
     presenter.speicherAntworten = {ziel};
     klicke(ansicht->sichernButtonBox());
@@ -293,36 +227,19 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
     QPdfDocument export_;
     ASSERT_EQ(export_.load(ziel), QPdfDocument::Error::None);
     EXPECT_TRUE(export_.getAllText(0).text().contains(u"Baumschule Krüger"_s));
-    EXPECT_EQ(ansicht->angezeigtePDFDaten(), eingefroren);
-
-    // Cancelling the save panel writes nothing.
-    QFile::remove(ziel);
-    klicke(ansicht->sichernButtonBox());
-    EXPECT_EQ(presenter.speicherVorschlaege.size(), 2);
-    EXPECT_FALSE(QFile::exists(ziel));
 }
 
 TEST_F(AnsichtTest, RendertNurWennSichEtwasGeaendertHat)
 {
     auto *r = dokument(u"Rechnung: 19"_s);
-    auto *andere = dokument(u"Rechnung: 20"_s);
     QSignalSpy renderings(ansicht, &FKRRechnungsAnsichtViewController::dokumentGerendert);
     zeige(r);
-    EXPECT_EQ(renderings.size(), 1);
-
-    // Layout passes, resizes and redisplays without news cost no rendering.
     splitView->resize(900, 700);
-    QCoreApplication::processEvents();
-    splitView->resize(1300, 900);
     zeige(r);
-    ansicht->aktualisiereAnsicht();
     QCoreApplication::processEvents();
     EXPECT_EQ(renderings.size(), 1);
-
-    // Edits are not rendered until they are saved; then once, however many saves came together.
+    // Edits count once they are saved, once however many saves came together.
     r->setRechnungsNummer(u"Rechnung: 19a"_s);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(renderings.size(), 1);
     ASSERT_TRUE(moc().save());
     delegate->saveAction();
     EXPECT_EQ(renderings.size(), 1);
@@ -330,16 +247,10 @@ TEST_F(AnsichtTest, RendertNurWennSichEtwasGeaendertHat)
     QCoreApplication::processEvents();
     EXPECT_EQ(renderings.size(), 2);
     EXPECT_TRUE(angezeigterText().contains(u"19a"_s));
-
-    // Another document and the paper size are news.
-    zeige(andere);
-    EXPECT_EQ(renderings.size(), 3);
     auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
-    const bool letter = einstellungen->pdfDocumentSizeIsLetter();
-    einstellungen->setPdfDocumentSizeIsLetter(!letter);
-    ASSERT_TRUE(apptest::warteBis([&] { return renderings.size() == 4; }, 2000));
-    einstellungen->setPdfDocumentSizeIsLetter(letter);
-    ASSERT_TRUE(apptest::warteBis([&] { return renderings.size() == 5; }, 2000));
+    einstellungen->setPdfDocumentSizeIsLetter(!einstellungen->pdfDocumentSizeIsLetter());
+    ASSERT_TRUE(apptest::warteBis([&] { return renderings.size() == 3; }, 2000));
+    einstellungen->setPdfDocumentSizeIsLetter(!einstellungen->pdfDocumentSizeIsLetter());
 }
 
 TEST_F(AnsichtTest, ZeigtNieEineSeiteDesVorigenPDFs)
@@ -348,10 +259,8 @@ TEST_F(AnsichtTest, ZeigtNieEineSeiteDesVorigenPDFs)
     auto *seiten = ansicht->pdfView()->findChild<QPdfPageRenderer *>();
     ASSERT_NE(seiten, nullptr);
     QList<QPair<QSize, QImage>> bilder;
-    QObject::connect(seiten, &QPdfPageRenderer::pageRendered, ansicht, [&](int seite, QSize groesse, const QImage &bild) {
-        if (seite == 0)
-            bilder.append({groesse, bild});
-    });
+    QObject::connect(seiten, &QPdfPageRenderer::pageRendered, ansicht,
+                     [&](int seite, QSize groesse, const QImage &bild) { seite == 0 ? bilder.append({groesse, bild}) : void(); });
     // The placeholder's page is asked for when it is painted; the document follows at once.
     ansicht->pdfView()->viewport()->grab();
     zeige(r);
@@ -362,11 +271,7 @@ TEST_F(AnsichtTest, ZeigtNieEineSeiteDesVorigenPDFs)
 
 TEST_F(AnsichtTest, DruckenGibtJedeSeiteDesAngezeigtenPDFsAus)
 {
-    auto *r = dokument(u"Rechnung: 21"_s);
-    for (int i = 2; i <= 45; ++i)
-        posten(r, i);
-    ASSERT_TRUE(moc().save());
-    zeige(r);
+    zeige(dokument(u"Rechnung: 21"_s, 45));
     const int seiten = ansicht->pdfDocument()->pageCount();
     ASSERT_GE(seiten, 2);
 
@@ -383,9 +288,6 @@ TEST_F(AnsichtTest, DruckenGibtJedeSeiteDesAngezeigtenPDFsAus)
     QPdfDocument druck;
     ASSERT_EQ(druck.load(ziel), QPdfDocument::Error::None);
     EXPECT_EQ(druck.pageCount(), seiten);
-    const QSizeF original = ansicht->pdfDocument()->pagePointSize(0);
-    EXPECT_NEAR(druck.pagePointSize(0).width(), original.width(), 1.0);
-    EXPECT_NEAR(druck.pagePointSize(0).height(), original.height(), 1.0);
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #pragma once
 
 // Helpers of the window tests: a delegate over a fresh data home whose alerts and panels are
-// answered from a script, the three columns of the main window in a split view (so the
-// controllers find each other as they do in the program), and the arrange steps many tests share.
+// answered from a script, and the three columns of the main window in a split view.
 
 #include "../app/AppTestSupport.h"
 #include "../app/SkriptPresenter.h"
@@ -43,12 +42,8 @@ namespace workflowtest {
 
 using namespace Qt::Literals::StringLiterals;
 
-inline Decimal zahl(const char *text)
-{
-    return *Decimal::parse(text);
-}
+inline Decimal zahl(const char *text) { return *Decimal::parse(text); }
 
-// An alert as one line: title, text and buttons by their keys.
 inline QString alertZeile(const FKRAlert &alert)
 {
     return alert.titelSchluessel + u" / "_s + alert.textSchluessel + u" / "_s + alert.knopfSchluessel.join(u',');
@@ -61,10 +56,7 @@ inline void ersetze(QWidget *feld, const QString &text)
     QTest::keyClicks(feld, text);
 }
 
-inline void klicke(FKRAnsichtAktionsBox *box)
-{
-    QTest::mouseClick(box->knopf(), Qt::LeftButton);
-}
+inline void klicke(FKRAnsichtAktionsBox *box) { QTest::mouseClick(box->knopf(), Qt::LeftButton); }
 
 inline void setzeSprache(const char *locale)
 {
@@ -111,10 +103,7 @@ protected:
         return result;
     }
 
-    QStringList archivDateien() const
-    {
-        return QDir(delegate->applicationArchiveDirectory()).entryList({u"*.pdf"_s}, QDir::Files);
-    }
+    QStringList archivDateien() const { return QDir(delegate->applicationArchiveDirectory()).entryList({u"*.pdf"_s}); }
 
     // Edits cell (0, spalte) of the item table and confirms with Return; the editing field.
     static QWidget *bearbeiteZelle(FKRRechnungsDetailsViewController &editor, int spalte, const QString &text)
@@ -128,21 +117,18 @@ protected:
             return nullptr;
         ersetze(feld, text);
         QTest::keyClick(feld, Qt::Key_Return);
-        // The view commits a cell on the next turn of the event loop.
-        QCoreApplication::processEvents();
+        QCoreApplication::processEvents(); // the view commits a cell on the next turn
         return feld;
     }
 
-    // Menu, list and document view as items 0, 1 and 2 of a split view.
+    // Menu, list and document view as items 0, 1 and 2 of a split view, so the controllers find
+    // each other as they do in the program.
     void baueHauptfenster()
     {
         splitView = std::make_unique<QSplitter>();
-        menu = new FKRMenuViewController(splitView.get());
-        liste = new FKRRechnungenListeViewController(*delegate, splitView.get());
-        ansicht = new FKRRechnungsAnsichtViewController(*delegate, splitView.get());
-        splitView->addWidget(menu);
-        splitView->addWidget(liste);
-        splitView->addWidget(ansicht);
+        splitView->addWidget(menu = new FKRMenuViewController(splitView.get()));
+        splitView->addWidget(liste = new FKRRechnungenListeViewController(*delegate, splitView.get()));
+        splitView->addWidget(ansicht = new FKRRechnungsAnsichtViewController(*delegate, splitView.get()));
         splitView->resize(1200, 800);
         splitView->show();
     }
@@ -168,11 +154,7 @@ protected:
         fenster->show();
         QApplication::setActiveWindow(fenster.get());
     }
-    ~ProgrammTest() override
-    {
-        delegate->setFensterSchicht(nullptr);
-        fenster.reset();
-    }
+    ~ProgrammTest() override { delegate->setFensterSchicht(nullptr); fenster.reset(); }
 
     std::unique_ptr<FKRAppWindowController> fenster;
 };
