@@ -9,7 +9,6 @@
 #include "QBBenutzerEinstellungen.h"
 
 #include <QFileInfo>
-#include <QSettings>
 
 using namespace apptest;
 using namespace Qt::Literals::StringLiterals;
@@ -154,33 +153,6 @@ TEST_F(AppDelegate, FehlendeUndNachImportNeueIdentitaeten)
     storetest::OpenStore store(delegate->storeURL());
     EXPECT_NE(*store.only<FKRRechnung>()->uniqueIdentifier(), altRechnung);
     EXPECT_EQ(store.only<FKRRechnung>()->posten().size(), 1);
-}
-
-TEST_F(AppDelegate, VersionswechselStartetDenZaehlerNeuUndZeigtDieHilfeBeiDenFestenStarts)
-{
-    auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
-    einstellungen->setAppVersion(QStringLiteral("3.12"));
-    einstellungen->setAnzahlAppStarts(Decimal(40));
-    auto delegate = neuerDelegate();
-    QList<int> hilfeBeiZaehler;
-    for (int start = 0; start < 17; ++start) {
-        const int vorher = fenster.hilfeAufrufe;
-        const Decimal zaehler = start == 0 ? Decimal(0) : einstellungen->anzahlAppStarts();
-        delegate->checkForVersionUpgrade();
-        ASSERT_TRUE(warteBis([] { return true; }, 50));
-        QCoreApplication::processEvents();
-        if (fenster.hilfeAufrufe > vorher)
-            hilfeBeiZaehler.append(std::stoi(zaehler.toString()));
-    }
-    EXPECT_EQ(hilfeBeiZaehler, (QList<int>{0, 1, 2, 5, 10, 15}));
-    EXPECT_EQ(einstellungen->appVersion(), "3.13");
-    EXPECT_EQ(einstellungen->anzahlAppStarts(), Decimal(17));
-
-    einstellungen->setAppVersion(QStringLiteral("3.9"));
-    delegate->checkForVersionUpgrade();
-    EXPECT_EQ(einstellungen->appVersion(), "3.9");
-    auto datei = QBBenutzerEinstellungen::withSettingsFile(QSettings().fileName());
-    EXPECT_EQ(datei->anzahlAppStarts(), Decimal(18));
 }
 
 TEST_F(AppDelegate, SichernSpeichertPlantMitteilungenUndSynchronisiert)
