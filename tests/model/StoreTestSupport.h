@@ -36,20 +36,19 @@ struct OpenStore {
     }
     ManagedObjectContext &moc() { return *context; }
 
+    // The one object of its kind; null (and a failure) unless there is exactly one.
     template<typename T>
-    T *only()
+    T *only() { return single(context->fetch<T>(), "one of a kind"); }
+    ManagedObject *byIdentifier(const QString &entity, const QString &id)
     {
-        const auto all = context->fetch<T>();
-        EXPECT_EQ(all.size(), 1);
-        return all.isEmpty() ? nullptr : all.first();
+        const auto hasId = [&](const ManagedObject &o) { return o.value(QStringLiteral("uniqueIdentifier")).toString() == id; };
+        return single(context->executeFetchRequest({entity, hasId, {}}), id.toStdString());
     }
-    ManagedObject *byIdentifier(const QString &entity, const QString &identifier)
+    template<typename T>
+    static T *single(const QList<T *> &found, const std::string &what)
     {
-        const auto found = context->executeFetchRequest({entity, [&](const ManagedObject &o) {
-            return o.value(QStringLiteral("uniqueIdentifier")).toString() == identifier;
-        }, {}});
-        EXPECT_EQ(found.size(), 1) << identifier.toStdString();
-        return found.isEmpty() ? nullptr : found.first();
+        EXPECT_EQ(found.size(), 1) << what;
+        return found.size() == 1 ? found.first() : nullptr;
     }
 };
 
@@ -77,35 +76,24 @@ public:
     }
     void mustExec(const char *sql) { ASSERT_TRUE(exec(sql)) << sql << ": " << m_lastError; }
 
-    // First column of the first row; "<null>" for NULL, "<none>" without a row.
-    QString text(const QString &sql)
+    // One column of every row; "<null>" for NULL.
+    QStringList rows(const QString &sql, int column = 0)
     {
+        QStringList values;
         sqlite3_stmt *st = nullptr;
-        if (sqlite3_prepare_v2(m_db, sql.toUtf8().constData(), -1, &st, nullptr) != SQLITE_OK) {
+        if (sqlite3_prepare_v2(m_db, sql.toUtf8().constData(), -1, &st, nullptr) != SQLITE_OK)
             ADD_FAILURE() << sql.toStdString() << ": " << sqlite3_errmsg(m_db);
-            return {};
-        }
-        QString result = QStringLiteral("<none>");
-        if (sqlite3_step(st) == SQLITE_ROW) {
-            result = sqlite3_column_type(st, 0) == SQLITE_NULL
-                         ? QStringLiteral("<null>")
-                         : QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)),
-                                             sqlite3_column_bytes(st, 0));
+        while (st && sqlite3_step(st) == SQLITE_ROW) {
+            const auto *value = reinterpret_cast<const char *>(sqlite3_column_text(st, column));
+            values << (value ? QString::fromUtf8(value, sqlite3_column_bytes(st, column)) : QStringLiteral("<null>"));
         }
         sqlite3_finalize(st);
-        return result;
+        return values;
     }
+    // First column of the first row; "<none>" without a row.
+    QString text(const QString &sql) { return rows(sql).value(0, QStringLiteral("<none>")); }
     qint64 number(const QString &sql) { return text(sql).toLongLong(); }
-    QStringList columns(const QString &table)
-    {
-        QStringList names;
-        sqlite3_stmt *st = nullptr;
-        sqlite3_prepare_v2(m_db, ("PRAGMA table_info(\"" + table + "\")").toUtf8().constData(), -1, &st, nullptr);
-        while (st && sqlite3_step(st) == SQLITE_ROW)
-            names << QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 1)));
-        sqlite3_finalize(st);
-        return names;
-    }
+    QStringList columns(const QString &table) { return rows("PRAGMA table_info(\"" + table + "\")", 1); }
     const std::string &lastError() const { return m_lastError; }
 
 private:
@@ -114,16 +102,9 @@ private:
 };
 
 template<std::size_t N>
-QByteArray bytes(const char (&literal)[N])
-{
-    return QByteArray(literal, qsizetype(N - 1));
-}
+QByteArray bytes(const char (&literal)[N]) { return QByteArray(literal, qsizetype(N - 1)); } // zero bytes included
 
-inline QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+inline QByteArray fileBytes(const QString &path) { QFile file(path); return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(); }
 
 inline void writeFile(const QString &path, const QByteArray &bytes)
 {
