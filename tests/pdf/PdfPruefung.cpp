@@ -6,16 +6,11 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
-#include <algorithm>
-#include <cmath>
 #include <stdexcept>
 
 namespace {
 
-double zahl(const QXmlStreamAttributes &attribute, const char *name)
-{
-    return attribute.value(QLatin1String(name)).toDouble();
-}
+double zahl(const QXmlStreamAttributes &attribute, const char *name) { return attribute.value(QLatin1String(name)).toDouble(); }
 
 QByteArray starte(const QString &programm, const QStringList &argumente, QString *fehler = nullptr)
 {
@@ -154,10 +149,4 @@ QRectF PdfPruefung::flaeche(const QImage &bild, double dpi, QColor farbe, int to
     }
     const double f = 72.0 / dpi;
     return box.isNull() ? QRectF() : QRectF(box.left() * f, box.top() * f, box.width() * f, box.height() * f);
-}
-
-int PdfPruefung::tinte(const QImage &bild, double dpi, double x, double y)
-{
-    const QRgb p = bild.pixel(int(x * dpi / 72.0), int(y * dpi / 72.0));
-    return 255 - std::min({qRed(p), qGreen(p), qBlue(p)});
 }

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <QImage>
-#include <QList>
 #include <QMap>
 #include <QRectF>
-#include <QSizeF>
-#include <QString>
 #include <QStringList>
 
 #include <optional>
@@ -27,7 +24,6 @@ public:
 
     bool gelesen() const { return m_fehler.isEmpty(); }
     const QString &fehler() const { return m_fehler; }
-    const QString &pfad() const { return m_pfad; }
 
     int seitenAnzahl() const { return int(m_seiten.size()); }
     QSizeF seitenGroesse(int seite) const { return seite_(seite).groesse; }
@@ -46,10 +42,8 @@ public:
 
     // The page rendered at `dpi` onto white paper (RGB32).
     QImage bild(int seite, double dpi) const;
-    // On a page rendered at `dpi`, in points: the bounding box of the pixels close to `farbe`;
-    // how far the pixel at (x, y) is from white (0 to 255).
+    // On a page rendered at `dpi`: the box in points around the pixels close to `farbe`.
     static QRectF flaeche(const QImage &bild, double dpi, QColor farbe, int toleranz = 60);
-    static int tinte(const QImage &bild, double dpi, double x, double y);
 
 private:
     struct Seite

@@ -1,7 +1,10 @@
-// The blocks every layout shares, read back from finished files: totals, sentences and dates,
-// the document's language, the document information, a document that cannot be drawn.
+// The page layouts read back from finished files, for what the reference renderings cannot see:
+// totals, sentences and dates by what is known, the document's language, the document
+// information, a document that cannot be drawn, what a sender with a letterhead or few details
+// gets, the logo fitted into the space left free, the pages of long documents.
 #include "FKRAbsender.h"
 #include "FKRDokumentZuGross.h"
+#include "FKREmpfaenger.h"
 #include "FKRFehlenderWert.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRPDFHerausgeber.h"
@@ -11,13 +14,25 @@
 #include "WriterTestSupport.h"
 
 #include <QRegularExpression>
+#include <QUrl>
 #include <QTimeZone>
 
 using namespace Qt::Literals::StringLiterals;
+using writertest::png;
 
 namespace {
 
+constexpr double kDpi = 144.0;
+
 Decimal d(const char *text) { return *Decimal::parse(text); }
+
+QList<QRectF> wortBoxen(const PdfPruefung &pdf)
+{
+    QList<QRectF> boxen;
+    for (const PdfPruefung::Wort &wort : pdf.woerter(1))
+        boxen << wort.box;
+    return boxen;
+}
 
 QDateTime datum(int monat, int tag) { return QDateTime(QDate(2026, monat, tag), QTime(10, 0), QTimeZone::systemTimeZone()); }
 
@@ -26,6 +41,7 @@ class LayoutTest : public ::testing::Test
 protected:
     // The user's own table, for labels of documents without a language.
     static void SetUpTestSuite() { FKRLocalizationHelper::installiereHauptTabelle(); }
+    void TearDown() override { QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(false); }
 
     // A document in the header-bar layout, dated 16 November 2026 for October, due 30 November.
     FKRRechnung &rechnung(int art = 3)
@@ -49,6 +65,21 @@ protected:
         p->setPostenBezeichnung(name);
         r.addPostenObject(p);
     }
+    // A German invoice to "Kundenhaus" from a sender with every detail and a red logo.
+    FKRRechnung *dokument(int layout, int anzahlPosten = 2)
+    {
+        FKRRechnung &r = rechnung();
+        r.setLayout(Decimal(layout));
+        r.setSprache(1);
+        r.setEmpfaenger(m_context.insertNewObject<FKREmpfaenger>());
+        r.empfaenger()->setFirma(u"Kundenhaus"_s);
+        for (int i = 1; i <= anzahlPosten; ++i)
+            posten(r, i, "1", "10", u"Posten%1"_s.arg(i, 2, 10, QLatin1Char('0')));
+        r.setAbsender(GoldenDokumente::absender(m_context));
+        r.absender()->setLogoImageBinary(writertest::png({120, 60}, Qt::red));
+        return &r;
+    }
+    PdfPruefung rendere(FKRRechnung *r) { return rendere(*r); }
     PdfPruefung rendere(FKRRechnung &r) { return writertest::rendere(r, m_ordner.filePath(u"%1.pdf"_s.arg(++m_nummer))); }
 
     ManagedObjectContext m_context;
@@ -174,7 +205,11 @@ TEST_F(LayoutTest, WordsAndNumbersFollowTheDocumentsLanguage)
         posten(r, 1, "1.5", "1000", u"Design"_s);
         for (int i = 2; i <= 30; ++i)
             posten(r, i, "1", "0", u"Posten-%1"_s.arg(i));
-        const QString text = rendere(r).fliesstext();
+        const PdfPruefung pdf = rendere(r);
+        const QString text = pdf.fliesstext();
+        // Readers list the file under its number and its sender.
+        EXPECT_EQ(pdf.info().value(u"Title"_s) + u" / "_s + pdf.info().value(u"Author"_s),
+                  u"Rechnung: 2026-042 / Brandt & Söhne Webdesign - Johanna Brandt"_s);
         for (const QString &erwartet : fall.texte)
             EXPECT_TRUE(text.contains(erwartet)) << erwartet.toStdString() << "\n" << text.toStdString();
         for (const char *schluessel : kFesteTexte) {
@@ -186,25 +221,6 @@ TEST_F(LayoutTest, WordsAndNumbersFollowTheDocumentsLanguage)
         }
     }
     QLocale::setDefault(benutzerVorher);
-}
-
-TEST_F(LayoutTest, ReadersListTheFileUnderItsNumberAndSender)
-{
-    // Without a number or a sender's name the program's title and its publisher stand in.
-    for (const auto &[nummer, firma, titel, autor] :
-         {std::tuple(u" Rechnung Ü-7 "_s, u"Ätelierwerk"_s, u"Rechnung Ü-7"_s, u"Ätelierwerk - Mira Sommer"_s),
-          std::tuple(u" "_s, QString(), QString::fromUtf8(FKRPDFHerausgeber::kTitel),
-                     QString::fromUtf8(FKRPDFHerausgeber::kWebAdresse))}) {
-        FKRRechnung &r = rechnung();
-        r.setRechnungsNummer(nummer);
-        r.setAbsender(m_context.insertNewObject<FKRAbsender>());
-        r.absender()->setFirma(firma);
-        r.absender()->setName(firma.isEmpty() ? u"  "_s : u"Mira Sommer"_s);
-        const QMap<QString, QString> info = rendere(r).info();
-        EXPECT_EQ(info.value(u"Title"_s), titel);
-        EXPECT_EQ(info.value(u"Author"_s), autor);
-        EXPECT_EQ(info.value(u"Creator"_s), QString::fromUtf8(FKRPDFHerausgeber::kFirma));
-    }
 }
 
 TEST_F(LayoutTest, ADocumentThatCannotBeDrawnLeavesTheOldFileInPlace)
@@ -243,8 +259,145 @@ TEST_F(LayoutTest, ADocumentThatCannotBeDrawnLeavesTheOldFileInPlace)
         EXPECT_EQ(alt.readAll(), QByteArray("old content"));
         alt.close();
     }
-    // The shared layout is ready for the next document.
-    EXPECT_EQ(rendere(rechnung()).seitenAnzahl(), 1);
+    // The shared layout is ready for the next document; without a number or a sender's name the
+    // program's title and its publisher stand in.
+    FKRRechnung &r = rechnung();
+    r.setRechnungsNummer(u" "_s);
+    r.setAbsender(m_context.insertNewObject<FKRAbsender>());
+    r.absender()->setName(u"  "_s);
+    const QMap<QString, QString> info = rendere(r).info();
+    EXPECT_EQ(info.value(u"Title"_s), QString::fromUtf8(FKRPDFHerausgeber::kTitel));
+    EXPECT_EQ(info.value(u"Author"_s), QString::fromUtf8(FKRPDFHerausgeber::kWebAdresse));
+    EXPECT_EQ(info.value(u"Creator"_s), QString::fromUtf8(FKRPDFHerausgeber::kFirma));
+}
+
+TEST_F(LayoutTest, OnlyWhatTheSenderHasIsPrintedAndALetterheadReplacesItAll)
+{
+    const QStringList absender = {u"Lindenallee"_s, u"DE123456789"_s, u"8605"_s, u"Rechnungsdatum"_s};
+    const struct
+    {
+        const char *fall;
+        int layout;
+        std::function<void(FKRRechnung *, FKRAbsender *)> aendere;
+        QStringList steht, fehlt;
+        bool logo;
+    } faelle[] = {
+        {"sidebar, logo from a file", 1,
+         [this](FKRRechnung *, FKRAbsender *a) {
+             QFile datei(m_ordner.filePath(u"logo.png"_s));
+             ASSERT_TRUE(datei.open(QIODevice::WriteOnly) && datei.write(png({120, 60}, Qt::red)) > 0);
+             a->setLogoImageBinary(std::nullopt);
+             a->setLogoImagePath(QUrl::fromLocalFile(datei.fileName()).toString());
+         },
+         absender, {}, true},
+        // The header bar prints no logo.
+        {"header bar", 2, {}, absender.mid(0, 3), {}, false},
+        {"footer bar", 3, {}, absender.mid(0, 3), {}, true},
+        // Paper that is not printed, or cannot even be read, counts all the same.
+        {"sidebar, letterhead not printed", 1,
+         [](FKRRechnung *, FKRAbsender *a) { a->setGeschaeftspapierImageBinary(png({10, 10}, Qt::white)); }, {},
+         absender.mid(0, 3), false},
+        {"header bar, unreadable letterhead", 2,
+         [](FKRRechnung *, FKRAbsender *a) { a->setGeschaeftspapierImagePath(u"file:///nicht/vorhanden.png"_s); }, {},
+         absender.mid(0, 3), false},
+        {"footer bar, printed letterhead", 3,
+         [](FKRRechnung *, FKRAbsender *a) {
+             a->setGeschaeftspapierImageBinary(png({10, 10}, Qt::white));
+             a->setGeschaeftspapierDrucken(true);
+         },
+         {}, absender.mid(0, 3), false},
+        {"sidebar, a name and an IBAN", 1,
+         [this](FKRRechnung *r, FKRAbsender *) {
+             r->setAbsender(m_context.insertNewObject<FKRAbsender>());
+             r->absender()->setName(u"Mira Sommer"_s);
+             r->absender()->setBankVerbindungIban(u"DE02120300000000202051"_s);
+         },
+         {u"Mira Sommer"_s, u"IBAN: DE02120300000000202051"_s}, {u"Institut:"_s, u"BIC:"_s, u"Ums.St.-ID:"_s}, false},
+        {"sidebar without a sender", 1, [](FKRRechnung *r, FKRAbsender *) { r->setAbsender(nullptr); },
+         {u"Kundenhaus"_s, u"Rechnung: 2026-042"_s}, {u"Rechnungsdatum"_s}, false},
+    };
+    for (const auto &fall : faelle) {
+        SCOPED_TRACE(fall.fall);
+        FKRRechnung *r = dokument(fall.layout);
+        if (fall.aendere)
+            fall.aendere(r, r->absender());
+        const PdfPruefung pdf = rendere(r);
+        const QString text = pdf.fliesstext();
+        for (const QString &teil : fall.steht)
+            EXPECT_TRUE(text.contains(teil)) << teil.toStdString() << "\n" << text.toStdString();
+        for (const QString &teil : fall.fehlt)
+            EXPECT_FALSE(text.contains(teil)) << teil.toStdString();
+        EXPECT_EQ(PdfPruefung::flaeche(pdf.bild(1, 36), 36, Qt::red, 40).isValid(), fall.logo);
+    }
+}
+
+TEST_F(LayoutTest, LongDocumentsAreNumberedBreakAtTheLayoutsLimitAndCarryTheLetterhead)
+{
+    // Rows stop 4 cm above the bottom edge, in the footer bar 0.5 cm above its bar (3 cm), and go
+    // on at 5 cm without the column titles; the sidebar repeats nothing of its column.
+    for (const int layout : {1, 2, 3}) {
+        SCOPED_TRACE(testing::Message() << "layout " << layout);
+        FKRRechnung *r = dokument(layout, 40);
+        r->absender()->setGeschaeftspapierImageBinary(png({40, 40}, Qt::blue));
+        r->absender()->setGeschaeftspapierDrucken(layout == 3);
+        const PdfPruefung pdf = rendere(r);
+        ASSERT_GE(pdf.seitenAnzahl(), 2);
+        const double kcm = 841.89 / 29.7, grenze = 841.89 - (layout == 3 ? 3.5 : 4) * kcm;
+        const double versatz = pdf.finde(1, u"Rechnung: 2026-042"_s).value_or(QRectF()).top() - 9.5 * kcm;
+        double tiefste = 0, hoechste = 841.89;
+        for (int seite = 1; seite <= pdf.seitenAnzahl(); ++seite) {
+            for (const PdfPruefung::Wort &wort : pdf.woerter(seite))
+                if (wort.text.startsWith(u"Posten"_s) && seite <= 2)
+                    seite == 1 ? tiefste = std::max(tiefste, wort.box.bottom()) : hoechste = std::min(hoechste, wort.box.top());
+            EXPECT_EQ(pdf.findeAlle(seite, u"Seite %1"_s.arg(seite)).size(), 1) << seite;
+            EXPECT_EQ(PdfPruefung::flaeche(pdf.bild(seite, 36), 36, Qt::blue, 40).isValid(), layout == 3) << seite;
+        }
+        EXPECT_LT(tiefste, grenze);
+        EXPECT_GT(tiefste, grenze - 1.5 * kcm);
+        EXPECT_NEAR(hoechste - versatz, 5.1 * kcm, 0.5);
+        EXPECT_FALSE(pdf.finde(2, u"Beschreibung"_s));
+        EXPECT_EQ(pdf.text(2).contains(u"Lindenallee"_s), false) << "the letterhead replaces the sender";
+    }
+}
+
+TEST_F(LayoutTest, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
+{
+    // The free space: from the left margin to half a centimetre before the column (sidebar) or
+    // to the right margin (footer bar), from 1.5 cm to half a centimetre above the sender line
+    // and the dates at 5 cm. Right-aligned at its top, in its own proportions, never enlarged,
+    // and scaled down only as far as the space demands.
+    const QSize logos[] = {{400, 120}, {1000, 50}, {60, 30}}; // too tall, too wide, small
+    for (const bool letter : {false, true}) {
+        QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(letter);
+        const double cm = letter ? 792.0 / 27.9 : 841.89 / 29.7, breite = letter ? 612.0 : 595.276;
+        for (const auto &[layout, raum] : {std::pair(1, QRectF(QPointF(2.5 * cm, 1.5 * cm), QPointF(14.5 * cm, 4.5 * cm))),
+                                            std::pair(3, QRectF(QPointF(2.5 * cm, 1.5 * cm), QPointF(breite - 2.5 * cm, 4.5 * cm)))}) {
+            FKRRechnung *r = dokument(layout);
+            r->absender()->setStrasse(u"Lindenallee 12, Hinterhaus, Aufgang C, dritter Stock links"_s);
+            r->absender()->setLogoImageBinary(std::nullopt);
+            const QList<QRectF> ohne = wortBoxen(rendere(r));
+            if (layout == 3 && !letter) {
+                r->setLayout(Decimal(4));
+                EXPECT_EQ(wortBoxen(rendere(r)), ohne) << "a stored layout of 4 is the footer bar";
+            }
+            for (const QSize &logo : logos) {
+                SCOPED_TRACE(testing::Message() << "layout " << layout << (letter ? ", Letter, " : ", A4, ") << logo.width() << "x" << logo.height());
+                r->absender()->setLogoImageBinary(png(logo, Qt::red));
+                const PdfPruefung pdf = rendere(r);
+                EXPECT_EQ(wortBoxen(pdf), ohne) << "every word stands where it stands without a logo";
+                const QRectF box = PdfPruefung::flaeche(pdf.bild(1, kDpi), kDpi, Qt::red, 40);
+                EXPECT_GE(box.left(), raum.left() - 1);
+                EXPECT_NEAR(box.right(), raum.right(), 1);
+                EXPECT_NEAR(box.top(), raum.top(), 1);
+                EXPECT_LE(box.bottom(), raum.bottom() + 1);
+                const double massstab = std::max(box.width() / logo.width(), box.height() / logo.height());
+                EXPECT_NEAR(box.width() * logo.height(), box.height() * logo.width(), 1.5 * std::max(logo.width(), logo.height()));
+                EXPECT_LE(massstab, 1.0 + 1.0 / logo.width());
+                if (massstab < 0.99)
+                    EXPECT_TRUE(std::abs(box.left() - raum.left()) < 1 || std::abs(box.bottom() - raum.bottom()) < 1);
+            }
+        }
+    }
 }
 
 } // namespace

@@ -20,11 +20,9 @@ TEST_F(PDFWriter, ImagesAreFittedIntoTheirBoxWithoutEnlargingOrDistortion)
 {
     const QString datei = pfad(u"logo.png"_s);
     QFile png_(datei);
-    ASSERT_TRUE(png_.open(QIODevice::WriteOnly) && png_.write(png({60, 40}, Qt::darkGreen)) > 0);
-    png_.close();
-    // Small: its own size; wide, tall, or wide and still too tall: limited by the box;
-    // right-aligned: right edge at x; twice the resolution: half the size; no stated
-    // resolution: a point per pixel, whatever screen the program runs on; from a file.
+    ASSERT_TRUE(png_.open(QIODevice::WriteOnly) && png_.write(png({60, 40}, Qt::darkGreen)) > 0 && png_.flush());
+    // Small: own size; wide, tall, wide and still too tall: limited by the box; right-aligned: right
+    // edge at x; 144 dpi: half the size; no stated resolution: a point per pixel; from a file.
     const struct
     {
         QColor farbe;
