@@ -1,5 +1,5 @@
-// The page writer as a reader of its files sees it: bounds, paper, page numbers, text placement,
-// the replacement of an existing file, document information and protection.
+// The page writer as a reader of its files sees it: bounds, paper, text placement, the
+// replacement of an existing file, document information and protection.
 #include "FKRDokumentZuGross.h"
 #include "FKRPDFHerausgeber.h"
 #include "FKRPDFSchutz.h"
@@ -60,23 +60,6 @@ TEST_F(PDFWriter, AFileIsHeldToAThousandPagesAndTwoMillionCharactersOfTextAndSta
     EXPECT_EQ(wieder.seitenGroesse(2), QSizeF(595.276, 841.89));
     ProbeWriter letter;
     EXPECT_EQ(schreibe(letter, u"letter.pdf"_s).seitenGroesse(1), QSizeF(612, 792));
-}
-
-TEST_F(PDFWriter, OnlyDocumentsOfSeveralPagesAreNumberedEachPageBeforeItEnds)
-{
-    EXPECT_FALSE(schreibe(m_writer, u"eine.pdf"_s).text(1).contains(u"Seitenzahl"_s));
-    EXPECT_TRUE(m_writer.nummerierungen.isEmpty());
-    QList<double> weiterBei;
-    const PdfPruefung drei = schreibe(m_writer, u"drei.pdf"_s, [&](ProbeWriter &w, FKRRechnung &r) {
-        weiterBei << w.erzeugeNeueSeite(r) << w.erzeugeNeueSeite(r);
-    });
-    EXPECT_EQ(weiterBei, QList<double>(2, 5 * m_writer.kcm()));
-    // The page being left is numbered while it is still the current one; the new page's bare hook
-    // follows once it has begun.
-    EXPECT_EQ(m_writer.nummerierungen, (QStringList{u"1/1+"_s, u"2/2"_s, u"2/2+"_s, u"3/3"_s, u"3/3+"_s}));
-    ASSERT_EQ(drei.seitenAnzahl(), 3);
-    for (int seite = 1; seite <= 3; ++seite)
-        EXPECT_EQ(drei.findeAlle(seite, u"Seitenzahl %1"_s.arg(seite)).size(), 1) << drei.text(seite).toStdString();
 }
 
 TEST_F(PDFWriter, TextStandsInItsBoxWrapsAtTheWidthAndReturnsTheYBelowIt)

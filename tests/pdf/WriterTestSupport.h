@@ -15,16 +15,13 @@
 
 namespace writertest {
 
-// A writer drawing what the test asks, with page numbers as plain texts at a fixed place.
+// A writer drawing what the test asks.
 class ProbeWriter : public FKRPDFWriter
 {
 public:
     std::function<void(ProbeWriter &, FKRRechnung &)> inhalt;
-    // "page/current page" for each numbering hook, "+" when it was given the document.
-    QStringList nummerierungen;
     void erstellePDFDateiImPfad(const QString &pfad, FKRRechnung &rechnung) override
     {
-        nummerierungen.clear();
         startePDFDateiImPfad(pfad, rechnung);
         schreibeInhaltFuerRechnung(rechnung, 0.0);
         beendePDFDatei(rechnung);
@@ -33,12 +30,6 @@ public:
     {
         return inhalt ? (inhalt(*this, rechnung), y) : y;
     }
-    void schreibeSeitennummer(uint seite, FKRRechnung &) override
-    {
-        nummerierungen << QStringLiteral("%1/%2+").arg(seite).arg(seitennummer());
-        schreibeText(QStringLiteral("Seitenzahl %1").arg(seite), Links, FKRPDFSchriften::schrift(9), 300, 100, 200, 20, false);
-    }
-    void schreibeSeitennummer(uint seite) override { nummerierungen << QStringLiteral("%1/%2").arg(seite).arg(seitennummer()); }
 };
 
 // A one-colour PNG stating `punkteJeMeter` as its resolution; 0 states none (no pHYs chunk).
