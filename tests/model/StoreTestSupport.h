@@ -104,7 +104,11 @@ private:
 template<std::size_t N>
 QByteArray bytes(const char (&literal)[N]) { return QByteArray(literal, qsizetype(N - 1)); } // zero bytes included
 
-inline QByteArray fileBytes(const QString &path) { QFile file(path); return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(); }
+inline QByteArray fileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 inline void writeFile(const QString &path, const QByteArray &bytes)
 {

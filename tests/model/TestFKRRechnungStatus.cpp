@@ -171,13 +171,12 @@ TEST_F(Status, NewDocumentTakesTheOnlySenderOrTheNewestDocumentsOne)
         return r;
     };
     const QDateTime montag = berlin(3, 9, 9), dienstag = berlin(3, 10, 9);
-    struct Fall {
+    const struct {
         const char *was;
         QList<FKRAbsender *> absender;
         QList<FKRRechnung *> dokumente;
         FKRAbsender *erwartet;
-    };
-    const Fall faelle[] = {
+    } faelle[] = {
         {"the only one", {a}, {mit(b, dienstag)}, a},
         {"no document decides", {a, b}, {mit(nullptr, dienstag)}, nullptr},
         {"newest first", {a, b}, {mit(b, dienstag), mit(a, montag)}, b},
@@ -186,7 +185,7 @@ TEST_F(Status, NewDocumentTakesTheOnlySenderOrTheNewestDocumentsOne)
         {"without date oldest", {a, b}, {mit(a, montag), mit(b, std::nullopt)}, a},
         {"both without date", {a, b}, {mit(a, std::nullopt), mit(b, std::nullopt)}, b},
     };
-    for (const Fall &fall : faelle)
+    for (const auto &fall : faelle)
         EXPECT_EQ(FKRRechnung::absenderFuerNeuesDokument(fall.absender, fall.dokumente), fall.erwartet) << fall.was;
 }
 

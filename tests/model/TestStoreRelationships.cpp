@@ -88,7 +88,8 @@ TEST_F(StoreRelationships, FetchFiltersAndSortsByKeyPathsWithAbsentValuesFirst)
     auto &moc = store.moc();
     const struct {
         const char *nummer, *firma /* null: no recipient at all */, *rabatt;
-    } rows[] = {{"A", "Zander AG", "10"}, {"B", nullptr, "9"}, {"C", "Becker KG", nullptr}, {"D", "Albrecht", "0.5"}, {"E", "Becker KG", "9"}};
+    } rows[] = {{"A", "Zander AG", "10"}, {"B", nullptr, "9"}, {"C", "Becker KG", nullptr},
+                {"D", "Albrecht", "0.5"}, {"E", "Becker KG", "9"}};
     for (const auto &row : rows) {
         auto *rechnung = moc.insertNewObject<FKRRechnung>();
         rechnung->setRechnungsNummer(QString::fromLatin1(row.nummer));

@@ -77,8 +77,9 @@ TEST(DocumentLanguageTables, ConcurrentFirstUseGivesEveryThreadTheFullTables)
         threads.emplace_back([&, t] {
             for (++ready; ready.load() < 4;) {
             }
+            const QString expected = t % 2 ? u"Reminder:"_s : u"Mahnung:"_s;
             for (int i = 0; i < 200; ++i)
-                wrong += FKRLocalizationHelper::lokalisierterText(u"Mahnung:"_s, t % 2 + 1) != (t % 2 ? u"Reminder:"_s : u"Mahnung:"_s);
+                wrong += FKRLocalizationHelper::lokalisierterText(u"Mahnung:"_s, t % 2 + 1) != expected;
         });
     for (auto &thread : threads)
         thread.join();
@@ -100,7 +101,8 @@ TEST_F(DocumentDates, LanguageStylesAndZoneAtCallTimeDecide)
         const char *zone = "Europe/Berlin";
     } faelle[] = {
         {"fr_FR", mittag, kMedium, kNone, 1, u"16.11.2026"_s}, {"fr_FR", mittag, kMedium, kNone, 2, u"Nov 16, 2026"_s},
-        {"fr_FR", mittag, kShort, kShort, 1, u"16.11.26, 12:00"_s}, {"fr_FR", mittag, DateStyle::Long, kNone, 1, u"16. November 2026"_s},
+        {"fr_FR", mittag, kShort, kShort, 1, u"16.11.26, 12:00"_s},
+        {"fr_FR", mittag, DateStyle::Long, kNone, 1, u"16. November 2026"_s},
         {"en_GB", mittag, kMedium, kNone, std::nullopt, u"16 Nov 2026"_s}, {"de_DE", mittag, kMedium, kNone, 3, u"16.11.2026"_s},
         {"de_DE", nacht, kMedium, kShort, 1, u"16.11.2026, 17:30"_s, "America/New_York"},
         {"de_DE", QDateTime(), kMedium, kNone, 1, QString()}, {"de_DE", mittag, kNone, kNone, 1, QString()},

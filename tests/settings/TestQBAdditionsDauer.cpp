@@ -23,7 +23,8 @@ protected:
     static void zone(const char *id) { qputenv("TZ", id); tzset(); }
     static std::string uhr(const QDateTime &date)
     {
-        return date.isValid() ? s(date.toTimeZone(QTimeZone("Europe/Berlin")).toString(QStringLiteral("dd. HH:mm:ss"))) : "invalid";
+        return date.isValid() ? s(date.toTimeZone(QTimeZone("Europe/Berlin")).toString(QStringLiteral("dd. HH:mm:ss")))
+                              : "invalid";
     }
     const QByteArray vorher = qgetenv("TZ");
 };
