@@ -100,7 +100,6 @@ TEST_F(UrlEmpfang, UrlsKommenInReihenfolgeAnUndNurEinProgrammLauscht)
     EXPECT_EQ(drei.status, Status::Beantwortet);
     EXPECT_EQ(drei.ergebnisse.size(), 3);
     EXPECT_TRUE(drei.allesErledigt());
-    EXPECT_TRUE(uebergib({}).allesErledigt());
     FKRUrlEmpfang zweiter;
     EXPECT_FALSE(zweiter.lausche(name));
     EXPECT_TRUE(uebergib({u"velmora://zwei"_s}).allesErledigt());
