@@ -15,28 +15,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// A stored value after migration, as describe() renders it.
-struct Expected {
-    const char *entity;
-    qint64 pk;
-    const char *key;
-    const char *value;
-};
-
-// A to-one relationship after migration; target 0 means none.
-struct Link {
-    const char *entity;
-    qint64 pk;
-    const char *relationship;
-    qint64 target;
-};
-
-struct OlderStore {
-    const char *name;
-    const char *sql;
-    std::vector<Expected> values;
-    std::vector<Link> links;
-};
+// A stored value after migration, as describe() renders it; a to-one relationship, target 0 for none.
+struct Expected { const char *entity; qint64 pk; const char *key, *value; };
+struct Link { const char *entity; qint64 pk; const char *relationship; qint64 target; };
+struct OlderStore { const char *name, *sql; std::vector<Expected> values; std::vector<Link> links; };
 
 // Version 0: no cash discount, no identifiers on documents, no frozen PDFs, no letterhead and
 // no recipients at all.
