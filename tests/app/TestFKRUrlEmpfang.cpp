@@ -100,6 +100,7 @@ TEST_F(UrlEmpfang, UrlsKommenInReihenfolgeAnUndNurEinProgrammLauscht)
     EXPECT_EQ(drei.status, Status::Beantwortet);
     EXPECT_EQ(drei.ergebnisse.size(), 3);
     EXPECT_TRUE(drei.allesErledigt());
+    EXPECT_TRUE(uebergib({}).allesErledigt()) << "no URL: only brings the program forward";
     FKRUrlEmpfang zweiter;
     EXPECT_FALSE(zweiter.lausche(name));
     EXPECT_TRUE(uebergib({u"velmora://zwei"_s}).allesErledigt());
