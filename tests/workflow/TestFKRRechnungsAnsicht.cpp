@@ -1,6 +1,6 @@
 // The document view through its buttons: the placeholder, which actions each state offers, the
 // confirmed one-way send with its archive file and frozen PDF, paid and taking it back, the
-// export and printing, and rendering only when something changed.
+// export and printing.
 
 #include "WorkflowTestSupport.h"
 
@@ -13,7 +13,6 @@
 #include <QPdfSelection>
 #include <QPdfView>
 #include <QPrinter>
-#include <QSignalSpy>
 #include <QStandardPaths>
 
 #include <functional>
@@ -227,30 +226,6 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
     QPdfDocument export_;
     ASSERT_EQ(export_.load(ziel), QPdfDocument::Error::None);
     EXPECT_TRUE(export_.getAllText(0).text().contains(u"Baumschule Krüger"_s));
-}
-
-TEST_F(AnsichtTest, RendertNurWennSichEtwasGeaendertHat)
-{
-    auto *r = dokument(u"Rechnung: 19"_s);
-    QSignalSpy renderings(ansicht, &FKRRechnungsAnsichtViewController::dokumentGerendert);
-    zeige(r);
-    splitView->resize(900, 700);
-    zeige(r);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(renderings.size(), 1);
-    // Edits count once they are saved, once however many saves came together.
-    r->setRechnungsNummer(u"Rechnung: 19a"_s);
-    ASSERT_TRUE(moc().save());
-    delegate->saveAction();
-    EXPECT_EQ(renderings.size(), 1);
-    ASSERT_TRUE(apptest::warteBis([&] { return renderings.size() == 2; }, 2000));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(renderings.size(), 2);
-    EXPECT_TRUE(angezeigterText().contains(u"19a"_s));
-    auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
-    einstellungen->setPdfDocumentSizeIsLetter(!einstellungen->pdfDocumentSizeIsLetter());
-    ASSERT_TRUE(apptest::warteBis([&] { return renderings.size() == 3; }, 2000));
-    einstellungen->setPdfDocumentSizeIsLetter(!einstellungen->pdfDocumentSizeIsLetter());
 }
 
 TEST_F(AnsichtTest, ZeigtNieEineSeiteDesVorigenPDFs)

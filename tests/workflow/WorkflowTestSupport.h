@@ -28,11 +28,10 @@
 
 #include <QDir>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPointer>
-#include <QPushButton>
 #include <QSplitter>
 #include <QTableView>
+#include <QPushButton>
 #include <QTest>
 #include <QToolButton>
 
@@ -43,11 +42,6 @@ namespace workflowtest {
 using namespace Qt::Literals::StringLiterals;
 
 inline Decimal zahl(const char *text) { return *Decimal::parse(text); }
-
-inline QString alertZeile(const FKRAlert &alert)
-{
-    return alert.titelSchluessel + u" / "_s + alert.textSchluessel + u" / "_s + alert.knopfSchluessel.join(u',');
-}
 
 // Replaces the text of a focused field as a user does: select all, type.
 inline void ersetze(QWidget *feld, const QString &text)
@@ -94,7 +88,7 @@ protected:
         return r;
     }
 
-    // The numbers of what a controller arranges, "-" for none.
+    // "-" for none.
     static QStringList nummern(const FKRArrayController &controller)
     {
         QStringList result;
