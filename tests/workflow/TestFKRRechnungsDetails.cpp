@@ -129,6 +129,13 @@ TEST_F(EditorTest, PostenWerdenDurchgezaehltNeuerPostenBekommtAnzahlPlusEinsLoes
     EXPECT_EQ(neu->postenBezeichnung(), std::nullopt); // the editor shows a hint, the item holds none
     EXPECT_FALSE(moc().hasChanges());
 
+    // A description shows on one line; a value that is no number is shown and edited as empty.
+    posten[0]->setPostenBeschreibung(u"Beratung\nvor Ort"_s);
+    posten[0]->setEinzelbetrag(Decimal::notANumber());
+    const FKRArrayController &zeilen = editor.rechnungsPostenArrayController();
+    const int zeile = zeilen.rowOf(posten[0]);
+    EXPECT_EQ(zeilen.index(zeile, FKREditorPostenTab::kBeschreibung).data(), u"Beratung vor Ort"_s);
+    EXPECT_EQ(zeilen.index(zeile, FKREditorPostenTab::kEinzelbetrag).data(Qt::EditRole), QString());
     static_cast<FKROffenerEditor &>(editor).waehlePostenAus(posten[0]);
     presenter.antworten = {kZweiterKnopf};
     QTest::mouseClick(editor.postenTab()->loeschePostenButton, Qt::LeftButton);
