@@ -116,6 +116,12 @@ TEST_F(DesktopMitteilungen, OhneDienstEineZeileImLogUndDanachGehtEsWeiter)
     zeigeUndWarte(u"angekommen"_s);
     ASSERT_TRUE(warteBis([] { return !umgebung.protokoll().isEmpty(); }));
     EXPECT_EQ(umgebung.protokoll().size(), 1);
+
+    // Gone again after it was back: that is worth a line again.
+    ASSERT_TRUE(umgebung.stoppeDunst());
+    harness::Warnungen warnungen;
+    m_mitteilungen->zeige(u"Vier"_s, u"wieder weg"_s);
+    EXPECT_TRUE(warteBis([&] { return warnungen.zeilen().size() == 1; }));
 }
 
 } // namespace
