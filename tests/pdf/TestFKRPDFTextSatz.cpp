@@ -1,5 +1,4 @@
-// Line breaking of the page writer: the engine's lines by words in any script; a word wider than
-// the box breaks at its end.
+// Line breaking of the page writer: the engine's lines by words in any script, long words.
 #include "FKRPDFSchriften.h"
 #include "FKRPDFTextSatz.h"
 
@@ -33,7 +32,7 @@ QStringList engineZeilen(const QString &text, const QFont &font, double breite)
 TEST(FKRPDFTextSatz, LinesAreTheEnginesOwnAndAWordEndsWhereTheEngineWouldBreak)
 {
     const QFont font = FKRPDFSchriften::schrift(9.0);
-    const auto breite = [&](const QString &text) { return FKRPDFTextSatz(text, font, 1000, Qt::AlignLeft, 0).breite(); };
+    const auto breite = [&](const QString &t) { return FKRPDFTextSatz(t, font, 1000, Qt::AlignLeft, 0).breite(); };
     // A box in which a word of 70 letters fits, but not with the hyphen a soft hyphen after it shows.
     const double knapp = breite(u"x"_s.repeated(70)) + breite(u"-"_s) / 2;
     const struct
@@ -73,7 +72,8 @@ TEST(FKRPDFTextSatz, AWordWiderThanTheBoxBreaksWhereTheBoxEnds)
     const QFont font = FKRPDFSchriften::schrift(9.0);
     const double zeichen = FKRPDFTextSatz(u"x"_s, font, 1000, Qt::AlignLeft, 0.15).breite();
     for (const int laenge : {200, 200'000}) {
-        const QStringList zeilen = FKRPDFTextSatz(u"x"_s.repeated(laenge), font, 100.0, Qt::AlignLeft, 0.15).zeilenTexte();
+        const QStringList zeilen =
+            FKRPDFTextSatz(u"x"_s.repeated(laenge), font, 100.0, Qt::AlignLeft, 0.15).zeilenTexte();
         const qsizetype jeZeile = zeilen.value(0).size();
         EXPECT_LE(jeZeile * zeichen, 100.0 + 1e-6);
         EXPECT_GT((jeZeile + 1) * zeichen, 100.0);

@@ -75,7 +75,8 @@ TEST_F(PDFWriter, TextStandsInItsBoxWrapsAtTheWidthAndReturnsTheYBelowIt)
            << w.schreibeText(langerText, FKRPDFWriter::Links, m_font, 100, 450, 150, 500, true, 0.15)
            << w.schreibeText(u"Erster\nZweiter"_s, FKRPDFWriter::Links, m_font, 300, 600, 300, 100, true)
            // What lies below the page is not in the file, and the text still takes its whole height.
-           << w.schreibeText(QStringList(2000, u"Zeile"_s).join(u'\n'), FKRPDFWriter::Links, m_font, 100, 780, 300, 100, true);
+           << w.schreibeText(QStringList(2000, u"Zeile"_s).join(u'\n'), FKRPDFWriter::Links, m_font, 100, 780, 300,
+                             100, true);
     });
     const double zeile = m_writer.berechneTextBoxFuerString(u" "_s, m_font, {150, 500}).height();
     EXPECT_NEAR(zeile, 12 * (FKRPDFSchriften::kZeilenhoehe + 0.15), 1e-4);
@@ -84,7 +85,8 @@ TEST_F(PDFWriter, TextStandsInItsBoxWrapsAtTheWidthAndReturnsTheYBelowIt)
     // A missing text takes one line; a line feed starts a line at the wider default spacing.
     const double abstand = 12 * (FKRPDFSchriften::kZeilenhoehe + 0.5);
     const QList<double> erwartet = {100 + zeile, 200 + zeile, 400, 100 + zeile, 450 + gemessen.height(),
-                                    600 + abstand + 12 * FKRPDFSchriften::kZeilenhoehe, 780 + 1999 * abstand + 12 * FKRPDFSchriften::kZeilenhoehe};
+                                    600 + abstand + 12 * FKRPDFSchriften::kZeilenhoehe,
+                                    780 + 1999 * abstand + 12 * FKRPDFSchriften::kZeilenhoehe};
     ASSERT_EQ(ys.size(), erwartet.size());
     for (qsizetype i = 0; i < ys.size(); ++i)
         EXPECT_NEAR(ys[i], erwartet[i], 1e-3) << i;

@@ -60,7 +60,8 @@ TEST_F(PDFWriter, ImagesAreFittedIntoTheirBoxWithoutEnlargingOrDistortion)
     for (qsizetype i = 0; i < qsizetype(std::size(faelle)); ++i) {
         SCOPED_TRACE(faelle[i].farbe.name().toStdString());
         const QRectF gezeichnet = flaeche(bild, faelle[i].farbe), &erwartet = faelle[i].erwartet;
-        EXPECT_LE((gezeichnet.topLeft() - erwartet.topLeft()).manhattanLength(), 0.7) << testing::PrintToString(gezeichnet);
+        EXPECT_LE((gezeichnet.topLeft() - erwartet.topLeft()).manhattanLength(), 0.7)
+            << testing::PrintToString(gezeichnet);
         EXPECT_LE((gezeichnet.bottomRight() - erwartet.bottomRight()).manhattanLength(), 0.7);
         EXPECT_NEAR(ys.at(i), erwartet.bottom(), 1e-6);
     }
@@ -71,7 +72,8 @@ TEST_F(PDFWriter, AStoredImageBeyondTheBoundsRefusesTheDocument)
     QFile datei(pfad(u"lang.png"_s));
     ASSERT_TRUE(datei.open(QIODevice::WriteOnly) && datei.resize(FKRBildLeser::kMaxBytes + 1));
     m_writer.inhalt = [&](ProbeWriter &w, FKRRechnung &) {
-        w.zeichneBildMitDateiPfad(QUrl::fromLocalFile(datei.fileName()).toString(), FKRPDFWriter::Links, 0, 0, 100, 100);
+        w.zeichneBildMitDateiPfad(QUrl::fromLocalFile(datei.fileName()).toString(), FKRPDFWriter::Links, 0, 0, 100,
+                                  100);
     };
     try {
         m_writer.erstellePDFDateiImPfad(pfad(u"bild.pdf"_s), *m_rechnung);
