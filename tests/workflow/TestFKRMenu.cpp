@@ -1,9 +1,6 @@
-// The navigation menu: the accent colour from the settings, the highlight of the chosen area,
-// the areas' effect on list and view.
+// The navigation menu: the highlight of the chosen area and the areas' effect on list and view.
 
 #include "WorkflowTestSupport.h"
-
-#include "QBMStyleUtil.h"
 
 using namespace workflowtest;
 
@@ -13,7 +10,6 @@ class MenuTest : public FensterTest
 {
 protected:
     MenuTest() { baueHauptfenster(); }
-    ~MenuTest() override { QBBenutzerEinstellungen::sharedInstance()->setBackgroundColorRechnungen(Decimal(43)); }
 
     void erwarteHervorgehoben(int aktiv)
     {
@@ -21,18 +17,6 @@ protected:
             EXPECT_EQ(menu->bereichsKnopf(i)->textFarbe() == QColor(Qt::white), i == aktiv) << "area " << i;
     }
 };
-
-TEST_F(MenuTest, AkzentFarbeAusDerEinstellungMitRueckfallAufGrau)
-{
-    const struct {
-        Decimal code;
-        QColor farbe;
-    } faelle[] = {{Decimal(43), {235, 10, 0}}, {zahl("13.5"), {165, 165, 165}}, {zahl("63.0"), {170, 10, 150}}};
-    for (const auto &fall : faelle) {
-        QBBenutzerEinstellungen::sharedInstance()->setBackgroundColorRechnungen(fall.code);
-        EXPECT_EQ(menu->grab().toImage().pixelColor(1, 1), fall.farbe) << fall.code.toString();
-    }
-}
 
 TEST_F(MenuTest, BereichsKnoepfeMarkierenFilternUndLeerenDieAnsicht)
 {

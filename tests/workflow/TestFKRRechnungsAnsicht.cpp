@@ -111,7 +111,6 @@ TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
     } faelle[] = {
         {"draft", false, false, 14, {}, u"duplizieren sichern drucken versendet!"_s},
         {"sent", true, false, 14, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
-        {"due since yesterday", true, false, -1, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
         {"due today", true, false, 0, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
         {"due without a paid mark", true, std::nullopt, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
         {"paid", true, true, -1, eingang, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt datum"_s},

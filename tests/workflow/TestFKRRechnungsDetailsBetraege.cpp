@@ -92,35 +92,27 @@ TEST_F(BetragTest, ProzenteWerdenAlsBruchGespeichertUndFalscherTextNie)
 
 TEST_F(BetragTest, JedesZahlenfeldUndJedeZahlenzelleSagtWarumSieAblehnt)
 {
-    struct Sprache {
-        const char *locale, *keineZahl, *keineGanzzahl;
-    };
-    for (const Sprache &sprache : {Sprache{"de_DE", "keine gültige Zahl", "ganze Zahl"},
-                                   Sprache{"en_US", "not a valid number", "whole number"}}) {
-        SCOPED_TRACE(sprache.locale);
-        setzeSprache(sprache.locale);
-        FKREditorBetragTab &tab = oeffneBetragTab();
-        for (const auto &[feld, grund] : {std::pair{tab.betragTabMwStSatzTextField, sprache.keineZahl},
-                                          {tab.betragTabRabattTextField, sprache.keineZahl},
-                                          {tab.betragTabZuschlagTextField, sprache.keineZahl},
-                                          {tab.betragTabSkontoTextField, sprache.keineZahl},
-                                          {tab.betragTabSkontoZeitraumTextField, sprache.keineGanzzahl}}) {
-            ersetze(feld, u"x"_s);
-            EXPECT_TRUE(zeigtWarnung(feld, grund)) << feld->objectName().toStdString();
-        }
-        // A cell keeps the refused text and its warning (Return does not leave it) until Escape.
-        editor->tabView()->setCurrentIndex(0);
-        for (const auto &[spalte, grund] : {std::pair{FKREditorPostenTab::kNummer, sprache.keineGanzzahl},
-                                            {FKREditorPostenTab::kAnzahl, sprache.keineZahl}}) {
-            auto *feld = qobject_cast<FKRDezimalFeld *>(bearbeiteZelle(*editor, spalte, u"1,2,3"_s));
-            ASSERT_NE(feld, nullptr);
-            EXPECT_TRUE(zeigtWarnung(feld, grund)) << spalte;
-            QTest::keyClick(feld, Qt::Key_Escape);
-        }
-        EXPECT_EQ(posten->anzahl(), Decimal(1));
-        FKRRechnungsDetailsWindowController::aktuellesFenster()->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    setzeSprache("en_US");
+    const char *keineZahl = "not a valid number", *keineGanzzahl = "whole number";
+    FKREditorBetragTab &tab = oeffneBetragTab();
+    for (const auto &[feld, grund] : {std::pair{tab.betragTabMwStSatzTextField, keineZahl},
+                                      {tab.betragTabRabattTextField, keineZahl},
+                                      {tab.betragTabZuschlagTextField, keineZahl},
+                                      {tab.betragTabSkontoTextField, keineZahl},
+                                      {tab.betragTabSkontoZeitraumTextField, keineGanzzahl}}) {
+        ersetze(feld, u"x"_s);
+        EXPECT_TRUE(zeigtWarnung(feld, grund)) << feld->objectName().toStdString();
     }
+    // A cell keeps the refused text and its warning (Return does not leave it) until Escape.
+    editor->tabView()->setCurrentIndex(0);
+    for (const auto &[spalte, grund] : {std::pair{FKREditorPostenTab::kNummer, keineGanzzahl},
+                                        {FKREditorPostenTab::kAnzahl, keineZahl}}) {
+        auto *feld = qobject_cast<FKRDezimalFeld *>(bearbeiteZelle(*editor, spalte, u"1,2,3"_s));
+        ASSERT_NE(feld, nullptr);
+        EXPECT_TRUE(zeigtWarnung(feld, grund)) << spalte;
+        QTest::keyClick(feld, Qt::Key_Escape);
+    }
+    EXPECT_EQ(posten->anzahl(), Decimal(1));
 }
 
 TEST_F(BetragTest, NettoBruttoWaehrungUndPostenZellenAendernDieSummeSofort)
