@@ -1,6 +1,4 @@
-// The document view through its buttons: the placeholder, which actions each state offers, the
-// confirmed one-way send with its archive file and frozen PDF, paid and taking it back, the
-// export and printing.
+// The document view: the actions each state offers, the one-way send, paid and printing.
 
 #include "WorkflowTestSupport.h"
 
@@ -9,11 +7,7 @@
 
 #include <QDateTimeEdit>
 #include <QPdfDocument>
-#include <QPdfPageRenderer>
-#include <QPdfSelection>
-#include <QPdfView>
 #include <QPrinter>
-#include <QStandardPaths>
 
 #include <functional>
 
@@ -34,7 +28,6 @@ protected:
         baueHauptfenster();
     }
 
-    // Sender, recipient and items of 2 × 45.50, saved, due in two weeks.
     FKRRechnung *dokument(const QString &nummer, int anzahlPosten = 1)
     {
         auto *r = FensterTest::dokument(nummer);
@@ -60,8 +53,7 @@ protected:
             text += ansicht->pdfDocument()->getAllText(seite).text();
         return text;
     }
-    // The offered actions in order, "!" when red (the open step), "✓" when done; "datum" for
-    // the payment date picker.
+    // "!": the open step, "✓": done.
     QString aktionen() const
     {
         const std::pair<const char *, FKRAnsichtAktionsBox *> boxen[] = {
@@ -85,18 +77,12 @@ TEST_F(AnsichtTest, OhneDokumentNurPlatzhalterKeineAktion)
     EXPECT_TRUE(angezeigterText().contains(u"Wähle ein Dokument"_s)) << angezeigterText().toStdString();
     EXPECT_EQ(aktionen(), QString());
 
-    // The menu may call every action without a document: nothing happens, nothing is asked.
     ansicht->markiereRechnungVersendet();
     ansicht->markiereRechnungBezahlt();
     ansicht->dupliziereRechnung();
     ansicht->erstelleMahnung();
     ansicht->sichereRechnungAlsPDF();
-    EXPECT_TRUE(presenter.speicherVorschlaege.isEmpty());
     EXPECT_TRUE(moc().fetch<FKRRechnung>().isEmpty());
-
-    setzeSprache("en_US");
-    ansicht->aktualisiereAnsicht();
-    EXPECT_TRUE(angezeigterText().contains(u"Choose a document"_s)) << angezeigterText().toStdString();
 }
 
 TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
@@ -112,7 +98,6 @@ TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
         {"draft", false, false, 14, {}, u"duplizieren sichern drucken versendet!"_s},
         {"sent", true, false, 14, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
         {"due today", true, false, 0, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
-        {"due without a paid mark", true, std::nullopt, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
         {"paid", true, true, -1, eingang, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt datum"_s},
         {"paid without a date", true, true, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt"_s},
     };
@@ -164,7 +149,6 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     klicke(ansicht->rechnungBezahltButtonBox());
     EXPECT_EQ(r->bezahltDatum(), kJetzt);
     EXPECT_EQ(ansicht->rechnungBezahltDatePicker()->dateTime(), kJetzt);
-    // A date corrected in the picker is saved at once; pressing "paid" again changes nothing.
     const QDateTime eingang(QDate(2026, 3, 2), QTime(12, 0));
     ansicht->rechnungBezahltDatePicker()->setDateTime(eingang);
     FKRUhr::halteAn(kJetzt.addDays(1));
@@ -176,11 +160,6 @@ TEST_F(AnsichtTest, BezahltMarkierenUndZuruecknehmen)
     EXPECT_EQ(r->bezahlt(), false);
     EXPECT_EQ(r->bezahltDatum(), std::nullopt);
     EXPECT_FALSE(moc().hasChanges());
-    // Paid once more records the new moment, also when the paid mark holds no value.
-    r->setBezahlt(std::nullopt);
-    klicke(ansicht->rechnungBezahltButtonBox());
-    EXPECT_EQ(r->bezahlt(), true);
-    EXPECT_EQ(r->bezahltDatum(), kJetzt.addDays(1));
 }
 
 TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
@@ -188,13 +167,11 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
     auto *r = dokument(u"RE/2026: 7"_s);
     zeige(r);
     // Sending asks first; declined or closed, nothing is archived or stored.
-    for (const int antwort : {kZweiterKnopf, kAlertAbgebrochen}) {
-        presenter.antworten = {antwort};
-        klicke(ansicht->rechnungVersendetButtonBox());
-        EXPECT_EQ(r->versandt(), false);
-        EXPECT_EQ(r->binaryPDF(), std::nullopt);
-        EXPECT_TRUE(archivDateien().isEmpty());
-    }
+    presenter.antworten = {kAlertAbgebrochen};
+    klicke(ansicht->rechnungVersendetButtonBox());
+    EXPECT_EQ(r->versandt(), false);
+    EXPECT_EQ(r->binaryPDF(), std::nullopt);
+    EXPECT_TRUE(archivDateien().isEmpty());
     // Confirmed, also without a value in the sent mark: one flat file name that sorts by date.
     r->setVersandt(std::nullopt);
     klicke(ansicht->rechnungVersendetButtonBox());
@@ -205,42 +182,16 @@ TEST_F(AnsichtTest, VersendenArchiviertEinmalUndFriertDasPDFEin)
     const QByteArray eingefroren = datei.readAll();
     EXPECT_EQ(r->binaryPDF(), eingefroren);
     EXPECT_FALSE(moc().hasChanges());
-    // The second press neither asks, archives nor freezes again.
     FKRUhr::halteAn(kJetzt.addSecs(120));
     klicke(ansicht->rechnungVersendetButtonBox());
-    EXPECT_EQ(presenter.alerts.size(), 3);
+    EXPECT_EQ(presenter.alerts.size(), 2);
     EXPECT_EQ(archivDateien().size(), 1);
 
-    // A later change of the recipient: the view keeps the frozen PDF, the export is rendered anew.
     r->empfaenger()->setFirma(u"Baumschule Krüger"_s);
     ASSERT_TRUE(moc().save());
     QCoreApplication::processEvents();
     ansicht->aktualisiereAnsicht();
     EXPECT_EQ(ansicht->angezeigtePDFDaten(), eingefroren);
-    const QString ziel = heimat.pfad() + u"/export.pdf"_s;
-    presenter.speicherAntworten = {ziel};
-    klicke(ansicht->sichernButtonBox());
-    const QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
-    EXPECT_EQ(presenter.speicherVorschlaege, QStringList{downloads + u"/2026-03-11 09.32.00-RE-2026 7.pdf|pdf"_s});
-    QPdfDocument export_;
-    ASSERT_EQ(export_.load(ziel), QPdfDocument::Error::None);
-    EXPECT_TRUE(export_.getAllText(0).text().contains(u"Baumschule Krüger"_s));
-}
-
-TEST_F(AnsichtTest, ZeigtNieEineSeiteDesVorigenPDFs)
-{
-    auto *r = dokument(u"Rechnung: 22"_s);
-    auto *seiten = ansicht->pdfView()->findChild<QPdfPageRenderer *>();
-    ASSERT_NE(seiten, nullptr);
-    QList<QPair<QSize, QImage>> bilder;
-    QObject::connect(seiten, &QPdfPageRenderer::pageRendered, ansicht,
-                     [&](int seite, QSize groesse, const QImage &bild) { seite == 0 ? bilder.append({groesse, bild}) : void(); });
-    // The placeholder's page is asked for when it is painted; the document follows at once.
-    ansicht->pdfView()->viewport()->grab();
-    zeige(r);
-    ASSERT_TRUE(apptest::warteBis([&] { return !bilder.isEmpty(); }, 2000));
-    for (const auto &[groesse, bild] : bilder)
-        EXPECT_TRUE(bild == ansicht->pdfDocument()->render(0, groesse));
 }
 
 TEST_F(AnsichtTest, DruckenGibtJedeSeiteDesAngezeigtenPDFsAus)
@@ -250,15 +201,12 @@ TEST_F(AnsichtTest, DruckenGibtJedeSeiteDesAngezeigtenPDFsAus)
     ASSERT_GE(seiten, 2);
 
     const QString ziel = heimat.pfad() + u"/druck.pdf"_s;
-    for (const bool bestaetigt : {false, true}) {
-        ansicht->setDruckDialog([&](QPrinter &printer) {
-            printer.setOutputFormat(QPrinter::PdfFormat);
-            printer.setOutputFileName(ziel);
-            return bestaetigt;
-        });
-        klicke(ansicht->druckenButtonBox());
-        EXPECT_EQ(QFile::exists(ziel), bestaetigt);
-    }
+    ansicht->setDruckDialog([&](QPrinter &printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(ziel);
+        return true;
+    });
+    klicke(ansicht->druckenButtonBox());
     QPdfDocument druck;
     ASSERT_EQ(druck.load(ziel), QPdfDocument::Error::None);
     EXPECT_EQ(druck.pageCount(), seiten);
