@@ -1,11 +1,9 @@
-// The page layouts read back from finished files, for what the reference renderings cannot see:
-// totals, sentences and dates by what is known, the document's language, the document
-// information, a document that cannot be drawn, what a sender with a letterhead or few details
-// gets, the logo fitted into the space left free, the pages of long documents.
+// The page layouts read back from finished files, for what the reference renderings cannot see.
 #include "FKRAbsender.h"
 #include "FKRDokumentZuGross.h"
 #include "FKREmpfaenger.h"
 #include "FKRFehlenderWert.h"
+#include "FKRBildLeser.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRPDFHerausgeber.h"
 #include "FKRPosten.h"
@@ -13,7 +11,6 @@
 #include "Testbilder.h"
 #include "WriterTestSupport.h"
 
-#include <QRegularExpression>
 #include <QUrl>
 
 using namespace Qt::Literals::StringLiterals;
@@ -34,6 +31,14 @@ QList<QRectF> wortBoxen(const PdfPruefung &pdf)
 }
 
 QDateTime datum(int monat, int tag) { return QDateTime(QDate(2026, monat, tag), QTime(10, 0)); }
+
+void pruefeText(const QString &text, const QStringList &steht, const QStringList &fehlt = {})
+{
+    for (const QString &teil : steht)
+        EXPECT_TRUE(text.contains(teil)) << teil.toStdString() << "\n" << text.toStdString();
+    for (const QString &teil : fehlt)
+        EXPECT_FALSE(text.contains(teil)) << teil.toStdString();
+}
 
 class LayoutTest : public ::testing::Test
 {
@@ -104,8 +109,6 @@ TEST_F(LayoutTest, TotalsSentencesAndDatesFollowTheDocumentTypeAndWhatIsKnown)
         {"discount and VAT, gross", 3, "0.19", "0.1", "0", true, {},
          {u"Zwischensumme € 1.000,00 Rabatt 10,00% € 100,00 Zwischensumme € 900,00 Umsatzsteuer 19,00% € 171,00 "
           "Gesamtsumme € 1.071,00"_s}, {u"Zuschlag"_s}},
-        {"VAT, gross", 3, "0.19", "0", "0", true, {},
-         {u"Zwischensumme € 1.000,00 Umsatzsteuer 19,00% € 190,00 Gesamtsumme € 1.190,00"_s}, {u"Rabatt"_s}},
         // A net document prints no VAT, and no subtotal that would only repeat the total.
         {"VAT, net", 3, "0.19", "0", "0", false, {}, {u"Gesamtsumme € 1.000,00"_s},
          {u"Zwischensumme"_s, u"Umsatzsteuer"_s}},
@@ -113,17 +116,10 @@ TEST_F(LayoutTest, TotalsSentencesAndDatesFollowTheDocumentTypeAndWhatIsKnown)
         {"no VAT", 3, "0", "0", "0", true, {}, {u"Gesamtsumme € 1.000,00"_s}, {u"Zwischensumme"_s, u"Umsatzsteuer"_s}},
         {"surcharge, net", 3, "0.19", "0", "0.05", false, {},
          {u"Zwischensumme € 1.000,00 Zuschlag 5,00% € 50,00 Zwischensumme € 1.050,00 Gesamtsumme € 1.050,00"_s},
-         {u"Umsatzsteuer"_s}},
+         {u"Umsatzsteuer"_s, u"Rabatt"_s}},
         // Sorted by number; the row's 3 × 0.125 = 0.375 printed half to even: 0,38.
         {"invoice", 3, "0", "0", "0", true, [&](FKRRechnung &r) { posten(r, 0, "3", "0.125", u"Zweitens"_s); },
-         {u"Zweitens 3,00 € 0,12 € 0,38 Entwurf"_s, u"Rechnungsdatum"_s, u"Leistungsdatum"_s}, {}},
-        {"quote", 2, "0", "0", "0", true, {}, {u"Dieses Angebot bleibt gültig bis 30.11.2026."_s, u"Gültig bis"_s}, {}},
-        {"dunning letter", 5, "0", "0", "0", true, {},
-         {u"(€ 1.000,00) ist fällig am 30.11.2026 (Zahlungseingang)."_s, u"Fällig am"_s},
-         {u"Rechnungsdatum"_s, u"Leistungsdatum"_s}},
-        // No items: no table and no totals.
-        {"cover letter", 1, "0", "0", "0", true, [](FKRRechnung &r) { r.removePostenObject(r.posten().first()); }, {},
-         {u"fällig"_s, u"gültig"_s, u"Gesamtsumme"_s, u"Beschreibung"_s}},
+         {u"Zweitens 3,00 € 0,12 € 0,38 Entwurf"_s, u"Rechnungsdatum"_s}, {}},
         // No label without its date, no sentence about an unknown day.
         {"invoice without dates", 3, "0", "0", "0", true,
          [](FKRRechnung &r) {
@@ -146,22 +142,9 @@ TEST_F(LayoutTest, TotalsSentencesAndDatesFollowTheDocumentTypeAndWhatIsKnown)
         posten(r, 1, "2", "500", u"Entwurf"_s);
         if (fall.aendere)
             fall.aendere(r);
-        const QString text = rendere(r).fliesstext();
-        for (const QString &teil : fall.steht)
-            EXPECT_TRUE(text.contains(teil)) << teil.toStdString() << "\n" << text.toStdString();
-        for (const QString &teil : fall.fehlt)
-            EXPECT_FALSE(text.contains(teil)) << teil.toStdString() << "\n" << text.toStdString();
+        pruefeText(rendere(r).fliesstext(), fall.steht, fall.fehlt);
     }
 }
-
-// Every fixed text the layouts print, for the check that an English document shows none in German.
-constexpr const char *kFesteTexte[] = {
-    "Beschreibung", "Anzahl", "Betrag", "Summe", "Zwischensumme", "Rabatt", "Zuschlag", "Umsatzsteuer ",
-    "Rechnungssumme", "Dieses Angebot bleibt gültig bis ", "Der Rechnungsbetrag ", "Der Honorarnoten-Betrag ",
-    "Der Mahnungsbetrag ", " ist fällig am ", " (Zahlungseingang).", "HTML_TOKEN_SKONTO_SATZ", "Datum",
-    "Angebots-Datum", "Rechnungs-Datum", "Honorarnoten-Datum", "Leistungs-Datum", "Mahnungs-Datum", "Gültig bis",
-    "Fällig am", "PDF_EXPORT_SEITENNUMMER", "Ums.St.-ID", "Steuernr", "Bankverbindung", "Institut",
-};
 
 TEST_F(LayoutTest, WordsAndNumbersFollowTheDocumentsLanguage)
 {
@@ -175,13 +158,11 @@ TEST_F(LayoutTest, WordsAndNumbersFollowTheDocumentsLanguage)
         QStringList texte;
     } faelle[] = {
         {2, "de_DE", 3, 2,
-         {u"Invoice date Nov 16, 2026"_s, u"Date of service Oct 2026"_s, u"Due on Nov 30, 2026"_s,
-          u"Description Qty Unit price Amount"_s, u"1.50 €1,000.00 €1,500.00"_s, u"Subtotal"_s,
+         {u"Invoice date Nov 16, 2026"_s, u"Date of service Oct 2026"_s, u"1.50 €1,000.00 €1,500.00"_s,
           u"Discount 10.00% €150.00"_s, u"Surcharge 5.00% €75.00"_s, u"€1,425.00"_s, u"VAT 19.00% €270.75"_s,
-          u"Total"_s, u"The invoice amount (€1,695.75) is due on Nov 30, 2026 (payment to be received by this date)."_s,
+          u"The invoice amount (€1,695.75) is due on Nov 30, 2026 (payment to be received by this date)."_s,
           u"If paid by Nov 26, 2026, a cash discount of 2.00% (€33.92) may be deducted; the amount payable is then "
-          "€1,661.83."_s,
-          u"Page 1"_s, u"Page 2"_s, u"VAT ID: DE123456789"_s, u"Tax number: 231/456/78901"_s, u"Bank details"_s}},
+          "€1,661.83."_s, u"Page 2"_s}},
         {2, "de_DE", 4, 3, {u"Fee note date Nov 16, 2026"_s, u"The fee amount (€1,695.75) is due on"_s, u"Page 2"_s}},
         {2, "de_DE", 5, 1, {u"Reminder date Nov 16, 2026"_s, u"The outstanding amount (€1,695.75)"_s}},
         // A German document keeps its German numbers whatever the user's locale.
@@ -209,20 +190,10 @@ TEST_F(LayoutTest, WordsAndNumbersFollowTheDocumentsLanguage)
         for (int i = 2; i <= 30; ++i)
             posten(r, i, "1", "0", u"Posten-%1"_s.arg(i));
         const PdfPruefung pdf = rendere(r);
-        const QString text = pdf.fliesstext();
         // Readers list the file under its number and its sender.
         EXPECT_EQ(pdf.info().value(u"Title"_s) + u" / "_s + pdf.info().value(u"Author"_s),
                   u"Rechnung: 2026-042 / Brandt & Söhne Webdesign - Johanna Brandt"_s);
-        for (const QString &erwartet : fall.texte)
-            EXPECT_TRUE(text.contains(erwartet)) << erwartet.toStdString() << "\n" << text.toStdString();
-        for (const char *schluessel : kFesteTexte) {
-            const QString deutsch = FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(schluessel), 1);
-            if (fall.sprache != 2
-                || deutsch == FKRLocalizationHelper::lokalisierterText(QString::fromUtf8(schluessel), 2))
-                continue; // the same word in both languages ("IBAN")
-            for (const QString &teil : deutsch.split(QRegularExpression(u"%\\d"_s)))
-                EXPECT_TRUE(teil.simplified().size() <= 3 || !text.contains(teil.simplified())) << teil.toStdString();
-        }
+        pruefeText(pdf.fliesstext(), fall.texte);
     }
     QLocale::setDefault(benutzerVorher);
 }
@@ -244,6 +215,13 @@ TEST_F(LayoutTest, ADocumentThatCannotBeDrawnLeavesTheOldFileInPlace)
         {[&](FKRRechnung &r) {
              r.setAbsender(m_context.insertNewObject<FKRAbsender>());
              r.absender()->setUnterschriftImageBinary(testbilder::jpegMitKopf({40000, 40000}));
+         },
+         Art::Bild},
+        {[&](FKRRechnung &r) {
+             QFile gross(m_ordner.filePath(u"gross.png"_s));
+             ASSERT_TRUE(gross.open(QIODevice::WriteOnly) && gross.resize(FKRBildLeser::kMaxBytes + 1));
+             r.setAbsender(m_context.insertNewObject<FKRAbsender>());
+             r.absender()->setUnterschriftImagePath(QUrl::fromLocalFile(gross.fileName()).toString());
          },
          Art::Bild},
     };
@@ -297,19 +275,10 @@ TEST_F(LayoutTest, OnlyWhatTheSenderHasIsPrintedAndALetterheadReplacesItAll)
         // The header bar prints no logo.
         {"header bar", 2, {}, absender.mid(0, 3), {}, false},
         {"footer bar", 3, {}, absender.mid(0, 3), {}, true},
-        // Paper that is not printed, or cannot even be read, counts all the same.
-        {"sidebar, letterhead not printed", 1,
-         [](FKRRechnung *, FKRAbsender *a) { a->setGeschaeftspapierImageBinary(png({10, 10}, Qt::white)); }, {},
-         absender.mid(0, 3), false},
+        // A letterhead replaces sender and logo even if it cannot be read.
         {"header bar, unreadable letterhead", 2,
          [](FKRRechnung *, FKRAbsender *a) { a->setGeschaeftspapierImagePath(u"file:///nicht/vorhanden.png"_s); }, {},
          absender.mid(0, 3), false},
-        {"footer bar, printed letterhead", 3,
-         [](FKRRechnung *, FKRAbsender *a) {
-             a->setGeschaeftspapierImageBinary(png({10, 10}, Qt::white));
-             a->setGeschaeftspapierDrucken(true);
-         },
-         {}, absender.mid(0, 3), false},
         {"sidebar, a name and an IBAN", 1,
          [this](FKRRechnung *r, FKRAbsender *) {
              r->setAbsender(m_context.insertNewObject<FKRAbsender>());
@@ -326,11 +295,7 @@ TEST_F(LayoutTest, OnlyWhatTheSenderHasIsPrintedAndALetterheadReplacesItAll)
         if (fall.aendere)
             fall.aendere(r, r->absender());
         const PdfPruefung pdf = rendere(r);
-        const QString text = pdf.fliesstext();
-        for (const QString &teil : fall.steht)
-            EXPECT_TRUE(text.contains(teil)) << teil.toStdString() << "\n" << text.toStdString();
-        for (const QString &teil : fall.fehlt)
-            EXPECT_FALSE(text.contains(teil)) << teil.toStdString();
+        pruefeText(pdf.fliesstext(), fall.steht, fall.fehlt);
         EXPECT_EQ(PdfPruefung::flaeche(pdf.bild(1, 36), 36, Qt::red, 40).isValid(), fall.logo);
     }
 }
@@ -355,22 +320,22 @@ TEST_F(LayoutTest, LongDocumentsAreNumberedBreakAtTheLayoutsLimitAndCarryTheLett
                     seite == 1 ? tiefste = std::max(tiefste, wort.box.bottom())
                                : hoechste = std::min(hoechste, wort.box.top());
             EXPECT_EQ(pdf.findeAlle(seite, u"Seite %1"_s.arg(seite)).size(), 1) << seite;
-            EXPECT_EQ(PdfPruefung::flaeche(pdf.bild(seite, 36), 36, Qt::blue, 40).isValid(), layout == 3) << seite;
+            const QImage bild = pdf.bild(seite, 36);
+            EXPECT_EQ(PdfPruefung::flaeche(bild, 36, Qt::blue, 40).isValid(), layout == 3) << seite;
+            EXPECT_FALSE(PdfPruefung::flaeche(bild, 36, Qt::red, 40).isValid()) << "the letterhead replaces the logo";
         }
         EXPECT_LT(tiefste, grenze);
         EXPECT_GT(tiefste, grenze - 1.5 * kcm);
         EXPECT_NEAR(hoechste - versatz, 5.1 * kcm, 0.5);
         EXPECT_FALSE(pdf.finde(2, u"Beschreibung"_s));
-        EXPECT_EQ(pdf.text(2).contains(u"Lindenallee"_s), false) << "the letterhead replaces the sender";
+        pruefeText(pdf.fliesstext(), {}, {u"Lindenallee"_s, u"DE123456789"_s}); // nor the sender's details
     }
 }
 
 TEST_F(LayoutTest, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
 {
-    // The free space: from the left margin to half a centimetre before the column (sidebar) or
-    // to the right margin (footer bar), from 1.5 cm to half a centimetre above the sender line
-    // and the dates at 5 cm. Right-aligned at its top, in its own proportions, never enlarged,
-    // and scaled down only as far as the space demands.
+    // From the left margin to 0.5 cm before the column or to the right margin, from 1.5 cm to 4.5 cm;
+    // right-aligned at its top, in its own proportions, never enlarged, shrunk only as far as needed.
     const QSize logos[] = {{400, 120}, {1000, 50}, {60, 30}}; // too tall, too wide, small
     for (const bool letter : {false, true}) {
         QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(letter);
