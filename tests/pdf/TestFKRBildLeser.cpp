@@ -56,8 +56,6 @@ TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
         EXPECT_TRUE(fall.grund.isEmpty() || ergebnis.grund() == fall.grund) << ergebnis.grund().toStdString();
         EXPECT_EQ(ergebnis.grund().isEmpty(), ergebnis.gelesen());
     }
-    // 144 dpi (5669 dots per metre): half a point per pixel.
-    EXPECT_NEAR(FKRBildLeser::lies(kodiert({100, 60}, "PNG", 5669)).punkte.height(), 60 * 72 / (5669 * 0.0254), 1e-9);
 }
 
 TEST(FKRBildLeser, FilesBeyondTheBoundAreRefusedBeforeTheyAreRead)

@@ -1,5 +1,4 @@
 // Images on the page, measured on a rendering of the written file.
-#include "FKRDokumentZuGross.h"
 #include "WriterTestSupport.h"
 
 #include <QFile>
@@ -64,23 +63,6 @@ TEST_F(PDFWriter, ImagesAreFittedIntoTheirBoxWithoutEnlargingOrDistortion)
             << testing::PrintToString(gezeichnet);
         EXPECT_LE((gezeichnet.bottomRight() - erwartet.bottomRight()).manhattanLength(), 0.7);
         EXPECT_NEAR(ys.at(i), erwartet.bottom(), 1e-6);
-    }
-}
-
-TEST_F(PDFWriter, AStoredImageBeyondTheBoundsRefusesTheDocument)
-{
-    QFile datei(pfad(u"lang.png"_s));
-    ASSERT_TRUE(datei.open(QIODevice::WriteOnly) && datei.resize(FKRBildLeser::kMaxBytes + 1));
-    m_writer.inhalt = [&](ProbeWriter &w, FKRRechnung &) {
-        w.zeichneBildMitDateiPfad(QUrl::fromLocalFile(datei.fileName()).toString(), FKRPDFWriter::Links, 0, 0, 100,
-                                  100);
-    };
-    try {
-        m_writer.erstellePDFDateiImPfad(pfad(u"bild.pdf"_s), *m_rechnung);
-        ADD_FAILURE() << "drawn";
-    } catch (const FKRDokumentZuGross &fehler) {
-        EXPECT_STREQ(fehler.what(),
-                     "an image of the sender cannot be used: the image file has 32.0 MB; at most 32 MB are taken");
     }
 }
 
