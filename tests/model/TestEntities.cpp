@@ -1,5 +1,5 @@
-// The entities as the editor and the lists see them: display names and address blocks, the
-// subtotal's observers, attributes read and written by name.
+// The entities as the editor and the lists see them: display names and address blocks,
+// attributes read and written by name.
 
 #include "StoreTestSupport.h"
 
@@ -52,19 +52,6 @@ TEST_F(Entities, DisplayNamesJoinCompanyAndNameByPresence)
     }
 }
 
-TEST_F(Entities, NamelessPartiesShowTheLocalisedPlaceholder)
-{
-    const auto *empfaenger = party<FKREmpfaenger>(moc, nullptr, nullptr);
-    const auto *absender = party<FKRAbsender>(moc, nullptr, nullptr);
-    EXPECT_EQ(empfaenger->firmaUndName(), u" Neuer Empfänger"_s);
-    EXPECT_EQ(empfaenger->nameUndFirma(), u" Neuer Empfänger"_s);
-
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    FKRLocalizationHelper::installiereHauptTabelle();
-    EXPECT_EQ(empfaenger->firmaUndName(), u" New recipient"_s);
-    EXPECT_EQ(absender->nameUndFirma(), u" New sender"_s);
-}
-
 TEST_F(Entities, AddressBlockHasOneLinePerPartWithText)
 {
     const struct { const char *firma, *name, *strasse, *plz, *ort, *land, *block; } cases[] = {
@@ -85,26 +72,6 @@ TEST_F(Entities, AddressBlockHasOneLinePerPartWithText)
             EXPECT_EQ(p->value(u"firmaNameAdresse"_s).toString(), QString::fromUtf8(c.block)) << p->entity().name().toStdString();
         }
     }
-}
-
-TEST_F(Entities, ItemObserversOfTheSubtotalHearQuantityAndPrice)
-{
-    auto *posten = moc.insertNewObject<FKRPosten>();
-    int heard = 0;
-    QObject::connect(posten, &FKRPosten::zwischenSummeChanged, posten, [&] { ++heard; });
-    QStringList keys;
-    QObject::connect(posten, &ManagedObject::valueChanged, posten, [&](const QString &key) { keys << key; });
-
-    posten->setAnzahl(Decimal(2));
-    posten->setValue(u"einzelbetrag"_s, u"19.99"_s);
-    // The editor's bindings write through the property system.
-    posten->setProperty("anzahl", QVariant::fromValue(std::optional<Decimal>(Decimal(3))));
-    EXPECT_EQ(posten->zwischenSumme(), *Decimal::parse("59.97"));
-    posten->setAnzahl(Decimal(3)); // unchanged: nobody is disturbed
-    posten->setPostenBezeichnung(u"Beratung"_s);
-    EXPECT_EQ(heard, 3);
-    EXPECT_EQ(keys, (QStringList{u"anzahl"_s, u"zwischenSumme"_s, u"einzelbetrag"_s, u"zwischenSumme"_s, u"anzahl"_s,
-                                 u"zwischenSumme"_s, u"postenBezeichnung"_s}));
 }
 
 TEST_F(Entities, AttributesByNameAcceptOnlyTheirOwnKind)

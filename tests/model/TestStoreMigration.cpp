@@ -49,22 +49,6 @@ INSERT INTO FKRPosten VALUES (1, '2.5', '120', 0, NULL, 'Konzept', 'Beratung', 1
   (4, '1', '80', 1, NULL, NULL, 'Vorlage Stunde', 0, NULL, NULL);
 )sql";
 
-// Recipients without note and number prefix, items without template flag and own VAT rate,
-// documents without layout; numbers kept as SQL numbers; no version row at all.
-const char *const kNumbersNoVersionRow = R"sql(
-CREATE TABLE VelmoraStoreMetadata (key TEXT PRIMARY KEY, value TEXT);
-CREATE TABLE FKREmpfaenger ("pk" INTEGER PRIMARY KEY, archiviert INTEGER, firma TEXT, land TEXT, name TEXT,
-  ort TEXT, plz TEXT, strasse TEXT, uniqueIdentifier TEXT);
-INSERT INTO FKREmpfaenger VALUES (3, 1, 'Muster GmbH', NULL, 'Jörg Übel', 'Graz', '8010', 'Hauptplatz 1', 'E-3');
-CREATE TABLE FKRRechnung ("pk" INTEGER PRIMARY KEY, brutto INTEGER, dokumentArt INTEGER, mwStSatz REAL,
-  rabatt REAL, zuschlag REAL, skonto REAL, skontoZeitraum INTEGER, rechnungsNummer TEXT, absender INTEGER,
-  empfaenger INTEGER);
-INSERT INTO FKRRechnung VALUES (5, 0, 3, 0.077, 0, 0.05, 0.02, 10, 'R 5', NULL, 3);
-CREATE TABLE FKRPosten ("pk" INTEGER PRIMARY KEY, anzahl REAL, einzelbetrag INTEGER, postenBezeichnung TEXT,
-  rechnung INTEGER);
-INSERT INTO FKRPosten VALUES (9, 1.5, 120, 'Montage', 5);
-)sql";
-
 const OlderStore kOlderStores[] = {
     {"Version0WithoutRecipientsAndCashDiscount",
      kVersion0,
@@ -82,16 +66,6 @@ const OlderStore kOlderStores[] = {
      },
      {{"FKRRechnung", 1, "absender", 1}, {"FKRRechnung", 7, "absender", 0}, {"FKRPosten", 3, "rechnung", 7},
       {"FKRPosten", 4, "rechnung", 0}}},
-    {"NumbersAsSqlNumbersWithoutVersionRow",
-     kNumbersNoVersionRow,
-     {
-         {"FKRRechnung", 5, "mwStSatz", "Decimal 0.077"}, {"FKRRechnung", 5, "dokumentArt", "Decimal 3"},
-         {"FKRRechnung", 5, "brutto", "bool false"}, {"FKRRechnung", 5, "layout", "Decimal 1"},
-         {"FKRRechnung", 5, "waehrung", "QString €"}, {"FKREmpfaenger", 3, "archiviert", "bool true"},
-         {"FKRPosten", 9, "anzahl", "Decimal 1.5"}, {"FKRPosten", 9, "einzelbetrag", "Decimal 120"},
-         {"FKRPosten", 9, "istVorlage", "bool false"},
-     },
-     {{"FKRRechnung", 5, "empfaenger", 3}, {"FKRPosten", 9, "rechnung", 5}}},
 };
 
 class StoreMigration : public ::testing::TestWithParam<OlderStore>

@@ -1,9 +1,7 @@
 // Relationships and fetches: both sides of a relationship stay in step, delete rules reach the
-// file, the fetch templates find what start-up looks for, fetches filter and order as lists ask.
+// file, fetches filter and order as lists ask.
 
 #include "StoreTestSupport.h"
-
-#include "ManagedObjectModel.h"
 
 using namespace storetest;
 using namespace Qt::Literals::StringLiterals;
@@ -59,27 +57,6 @@ TEST_F(StoreRelationships, DeletingTwiceOrAnotherContextsObjectChangesNothing)
     EXPECT_FALSE(fremd->isDeleted());
     EXPECT_FALSE(store.moc().hasChanges());
     EXPECT_EQ(other.moc().insertedObjects(), QList<ManagedObject *>{fremd});
-}
-
-TEST_F(StoreRelationships, FetchTemplatesFindObjectsWithoutIdentifier)
-{
-    {
-        OpenStore store(path);
-        for (const char *entity : {"FKRAbsender", "FKREmpfaenger", "FKRPosten", "FKRRechnung"})
-            for (const QVariant &id : {QVariant(), QVariant(QString()), QVariant(u"x"_s)})
-                store.moc().insertNewObjectForEntityForName(QString::fromLatin1(entity))->setValue(u"uniqueIdentifier"_s, id);
-        save(store.moc());
-    }
-    OpenStore store(path);
-    const ManagedObjectModel &model = ManagedObjectModel::defaultModel();
-    for (const char *stem : {"Absender", "Empfaenger", "Posten", "Rechnung"}) {
-        const auto ohne = model.fetchRequestTemplate(QString::fromLatin1(stem) + u"OhneUUIDFetchRequest"_s);
-        ASSERT_TRUE(ohne) << stem;
-        const auto found = store.moc().executeFetchRequest(*ohne); // an empty text is an identifier too
-        ASSERT_EQ(found.size(), 1) << stem;
-        EXPECT_FALSE(found.first()->value(u"uniqueIdentifier"_s).isValid()) << stem;
-    }
-    EXPECT_EQ(store.moc().executeFetchRequest(*model.fetchRequestTemplate(u"AlleRechungenFetchRequest"_s)).size(), 3);
 }
 
 TEST_F(StoreRelationships, FetchFiltersAndSortsByKeyPathsWithAbsentValuesFirst)
