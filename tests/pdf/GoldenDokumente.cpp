@@ -20,8 +20,7 @@ Decimal d(const char *text) { return *Decimal::parse(text); }
 
 QDateTime tag(int j, int m, int t) { return QDateTime(QDate(j, m, t), QTime(10, 0), QTimeZone("Europe/Berlin")); }
 
-// Pictures of flat rectangles (no anti-aliasing, no text), the same bytes everywhere: a logo,
-// one wider and taller than the space a layout has for it, a signature and an A4 letterhead.
+// Pictures of flat rectangles (no anti-aliasing, no text): the same bytes everywhere.
 QByteArray bildPng(QSize pixel, double dpi, const QList<std::pair<QRect, QRgb>> &flaechen)
 {
     QImage bild(pixel, QImage::Format_RGB32);
@@ -46,13 +45,6 @@ QByteArray unterschrift()
     return bildPng({300, 90}, 144, striche);
 }
 
-QByteArray geschaeftspapier()
-{
-    return bildPng({298, 421}, 36,
-                   {{{0, 0, 298, 34}, 0x2e6b4f}, {{200, 44, 80, 26}, 0xd9e8de}, {{20, 392, 258, 1}, 0x2e6b4f},
-                    {{20, 398, 70, 10}, 0xb0c8b8}, {{110, 398, 70, 10}, 0xb0c8b8}, {{200, 398, 70, 10}, 0xb0c8b8}});
-}
-
 // Company, name, street, postcode, town and, if given, country.
 template<class Adresse>
 Adresse *adresse(ManagedObjectContext &context, const QStringList &teile)
@@ -63,15 +55,6 @@ Adresse *adresse(ManagedObjectContext &context, const QStringList &teile)
     for (qsizetype i = 0; i < teile.size(); ++i)
         (a->*std::data(setzer)[i])(teile[i]);
     return a;
-}
-
-FKREmpfaenger *empfaenger(ManagedObjectContext &context, bool englisch)
-{
-    return adresse<FKREmpfaenger>(
-        context, englisch ? QStringList{u"Northwind Traders Ltd"_s, u"Mr Oliver Hughes"_s, u"221 Harbour Road"_s,
-                                        u"BS1 4DJ"_s, u"Bristol"_s, u"United Kingdom"_s}
-                          : QStringList{u"Gärtnerei Lehmann GmbH"_s, u"Herrn Paul Lehmann"_s, u"Am Mühlgraben 3"_s,
-                                        u"01067"_s, u"Dresden"_s});
 }
 
 void posten(ManagedObjectContext &context, FKRRechnung *r, qint64 nummer, const QString &bezeichnung,
@@ -101,7 +84,11 @@ FKRRechnung *dokument(ManagedObjectContext &context, int art, int layout, bool e
     r->setLieferDatum(tag(2024, 3, 1));
     r->setFaelligkeitsDatum(tag(2024, 3, 29));
     r->setAbsender(GoldenDokumente::absender(context));
-    r->setEmpfaenger(empfaenger(context, englisch));
+    r->setEmpfaenger(adresse<FKREmpfaenger>(
+        context, englisch ? QStringList{u"Northwind Traders Ltd"_s, u"Mr Oliver Hughes"_s, u"221 Harbour Road"_s,
+                                        u"BS1 4DJ"_s, u"Bristol"_s, u"United Kingdom"_s}
+                          : QStringList{u"Gärtnerei Lehmann GmbH"_s, u"Herrn Paul Lehmann"_s, u"Am Mühlgraben 3"_s,
+                                        u"01067"_s, u"Dresden"_s}));
     r->setRechnungsTextAnrede(englisch ? u"Dear Mr Hughes,"_s : u"Sehr geehrter Herr Lehmann,"_s);
     r->setRechnungsText(englisch ? u"Thank you for your order. We charge the following services:"_s
                                  : u"vielen Dank für Ihren Auftrag. Wir berechnen Ihnen folgende Leistungen:"_s);
@@ -144,7 +131,7 @@ FKRAbsender *GoldenDokumente::absender(ManagedObjectContext &context)
 QList<GoldenDokumente::Dokument> GoldenDokumente::alle()
 {
     using C = ManagedObjectContext;
-    // Layout, paper and language come from the name; `weiter` adds the items and the rest.
+    // Layout, paper and language from the name; `weiter` adds the items and the rest.
     const auto eintrag = [](const QString &name, int art, const QString &nummer,
                             std::function<void(C &, FKRRechnung *)> weiter) {
         const int layout = name.startsWith(u"seitenleiste"_s) ? 1 : name.startsWith(u"kopfleiste"_s) ? 2 : 3;
@@ -184,7 +171,10 @@ QList<GoldenDokumente::Dokument> GoldenDokumente::alle()
                 posten(c, r, i, u"Support ticket #%1"_s.arg(1000 + i), std::nullopt, "0.75", "96");
         }),
         eintrag(u"seitenleiste-geschaeftspapier-a4-de"_s, 3, u"Rechnung RE-2024-019"_s, [](C &c, FKRRechnung *r) {
-            r->absender()->setGeschaeftspapierImageBinary(geschaeftspapier());
+            r->absender()->setGeschaeftspapierImageBinary(bildPng(
+                {298, 421}, 36,
+                {{{0, 0, 298, 34}, 0x2e6b4f}, {{200, 44, 80, 26}, 0xd9e8de}, {{20, 392, 258, 1}, 0x2e6b4f},
+                 {{20, 398, 70, 10}, 0xb0c8b8}, {{110, 398, 70, 10}, 0xb0c8b8}, {{200, 398, 70, 10}, 0xb0c8b8}}));
             r->absender()->setGeschaeftspapierDrucken(true);
             dreiPosten(c, r, false);
         }),

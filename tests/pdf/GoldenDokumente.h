@@ -9,9 +9,8 @@ class FKRAbsender;
 class FKRRechnung;
 class ManagedObjectContext;
 
-// The reference documents of the images under tests/data/golden: every layout, paper size,
-// language and document type, long lists, a letterhead, Swiss francs, a net invoice, a wide
-// logo. All values are fixed and the images drawn in code: the same output on every run.
+// The reference documents of the images under tests/data/golden, from fixed values and pictures
+// drawn in code: every layout, paper size, language and document type, long lists, a letterhead.
 class GoldenDokumente
 {
 public:

@@ -27,8 +27,7 @@ QByteArray starte(const QString &programm, const QStringList &argumente, QString
     return grund.isEmpty() ? prozess.readAllStandardOutput() : QByteArray();
 }
 
-// "Key: value" and "key = value" lines into a map; the first separator counts (values may hold
-// a web address).
+// The first separator counts: values may hold a web address.
 QMap<QString, QString> schluesselWerte(const QByteArray &ausgabe)
 {
     QMap<QString, QString> werte;
@@ -98,8 +97,7 @@ std::optional<QRectF> PdfPruefung::finde(int nummer, const QString &phrase) cons
 QString PdfPruefung::text(int nummer) const
 {
     seite_(nummer);
-    // Pages are separated by form feeds.
-    if (!m_seitenTexte)
+    if (!m_seitenTexte) // pages end in form feeds
         m_seitenTexte =
             QString::fromUtf8(starte(QStringLiteral("pdftotext"), {m_pfad, QStringLiteral("-")})).split(u'\f');
     return m_seitenTexte->value(nummer - 1).trimmed();
@@ -130,7 +128,6 @@ QImage PdfPruefung::bild(int nummer, double dpi) const
     if (dokument.load(m_pfad) != QPdfDocument::Error::None)
         return {};
     const QSize groesse(qRound(punkte.width() * dpi / 72.0), qRound(punkte.height() * dpi / 72.0));
-    // The renderer leaves the paper transparent; print it on white.
     QImage papier(groesse, QImage::Format_RGB32);
     papier.fill(Qt::white);
     QPainter(&papier).drawImage(QPoint(0, 0), dokument.render(nummer - 1, groesse));

