@@ -53,23 +53,18 @@ TEST_F(QBAdditionsTest, BoundariesOfDaysWeeksMonthsAndYearsWithShifts)
 {
     const QDateTime mittag = um("2026-03-14T10:00:00+01:00"), letzterJanuar = um("2026-01-31T15:00:00+01:00");
     const QDateTime fruehling = um("2026-03-29T12:00:00+02:00"), herbst = um("2026-10-25T12:00:00+01:00");
-    const QDateTime mittwoch = um("2026-03-25T09:00:00+01:00"), schalttag = um("2024-02-29T12:00:00+01:00");
+    const QDateTime mittwoch = um("2026-03-25T09:00:00+01:00");
     pruefe({
         {Q::beginOfTheDay(mittag), "2026-03-14T00:00:00+01:00"}, {Q::endOfTheDay(mittag), "2026-03-14T23:59:59+01:00"},
         {Q::beginOfTheDayWithDayShift(mittag, 300), "2027-01-08T00:00:00+01:00"},
-        {Q::endOfThePreviousDay(um("2026-01-01T00:00:00+01:00")), "2025-12-31T23:59:59+01:00"},
         // Days of the clock changes (23 and 25 hours) end at their last wall-clock second.
         {Q::endOfTheDay(fruehling), "2026-03-29T23:59:59+02:00"}, {Q::beginOfTheDay(herbst), "2026-10-25T00:00:00+02:00"},
         {Q::beginOfTheNextDay(um("2026-10-25T02:30:00+01:00")), "2026-10-26T00:00:00+01:00"},
         {Q::beginOfTheNextWeek(mittwoch), "2026-03-30T00:00:00+02:00"},
-        {Q::beginOfTheWeek(um("2026-01-01T12:00:00+01:00")), "2025-12-29T00:00:00+01:00"},
         {Q::endOfTheMonthWithMonthShift(letzterJanuar, 1), "2026-02-28T23:59:59+01:00"},
-        {Q::beginOfTheMonthWithMonthShift(letzterJanuar, -13), "2024-12-01T00:00:00+01:00"},
         {Q::endOfTheMonthWithMonthShift(letzterJanuar, 25), "2028-02-29T23:59:59+01:00"},
-        {Q::endOfTheNextYear(schalttag), "2025-12-31T23:59:59+01:00"},
         // Shifts beyond what the calendar can count give no date rather than a wrapped-around one.
         {Q::endOfTheDay(QDateTime()), "invalid"}, {Q::beginOfTheDayWithDayShift(mittag, INT_MAX), "invalid"},
-        {Q::endOfTheMonthWithMonthShift(mittag, INT_MAX), "invalid"},
         // The time is taken as shown on the clock: a summer time lands on a winter day unchanged.
         {Q::dateWithTimeFrom(um("2026-12-24T08:00:00+01:00"), um("2026-07-01T18:45:30+02:00")), "2026-12-24T18:45:30+01:00"},
         {Q::dateWithoutSeconds(um("2026-10-25T02:07:42+01:00")), "2026-10-25T02:07:00+01:00"},
@@ -96,11 +91,8 @@ TEST_F(QBAdditionsTest, TextsFollowZoneLocaleAndTheTimeSettingAtTheTimeOfTheCall
     einstellungen.setZeitFormat24h(true);
     EXPECT_EQ(s(Q::formattedShortTimestampString(moment)), "19:30");
     einstellungen.setZeitFormat24h(gespeichert);
-    // 22:30 UTC on 31 March is April in Tokyo, still March in New York.
-    zone("Asia/Tokyo");
-    const QDateTime monatsende = um("2026-03-31T22:30:00Z");
-    EXPECT_EQ(s(Q::monthYearString(monatsende)), "April 2026");
-    EXPECT_EQ(s(Q::monthYearStringWithTimeZone(monatsende, QTimeZone("America/New_York"))), "March 2026");
+    // 22:30 UTC on 31 March is still March in New York.
+    EXPECT_EQ(s(Q::monthYearStringWithTimeZone(um("2026-03-31T22:30:00Z"), QTimeZone("America/New_York"))), "March 2026");
 }
 
 TEST_F(QBAdditionsTest, ReadingShortDateAndTimeTexts)
