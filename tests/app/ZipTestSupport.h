@@ -1,12 +1,12 @@
 #pragma once
 
-// Helpers of the archive tests: archives read back and built entry by entry with minizip
-// itself, so the tests do not depend on the code they check.
+// Archives read back and built entry by entry with minizip itself, independent of the code checked.
 
 #include "../model/StoreTestSupport.h"
 
 #include <QDirIterator>
 #include <QMap>
+#include <QSet>
 #include <minizip/unzip.h>
 #include <minizip/zip.h>
 
@@ -22,36 +22,31 @@ namespace ziptest {
 struct Gelesen {
     QByteArray name;
     QByteArray inhalt;
-    unz_file_info64 info{};
 };
 
-// Every entry with its bytes; ok is false when the archive or an entry cannot be read.
-inline QList<Gelesen> liesArchiv(const QString &pfad, bool *ok = nullptr)
+// Every entry with its bytes; a failure when the archive or an entry cannot be read.
+inline QList<Gelesen> liesArchiv(const QString &pfad)
 {
     QList<Gelesen> eintraege;
-    bool gut = false;
-    if (unzFile zip = unzOpen64(QFile::encodeName(pfad).constData())) {
-        gut = true;
-        for (int rc = unzGoToFirstFile(zip); rc == UNZ_OK && gut; rc = unzGoToNextFile(zip)) {
-            Gelesen e;
-            char name[512] = {};
-            gut = unzGetCurrentFileInfo64(zip, &e.info, name, sizeof name, nullptr, 0, nullptr, 0) == UNZ_OK
-                  && unzOpenCurrentFile(zip) == UNZ_OK;
-            e.name = QByteArray(name, qsizetype(e.info.size_filename));
-            char puffer[65536];
-            for (int n = 0; gut && (n = unzReadCurrentFile(zip, puffer, sizeof puffer)) != 0;) {
-                gut = n > 0;
-                e.inhalt.append(puffer, n);
-            }
-            gut = unzCloseCurrentFile(zip) == UNZ_OK && gut;
-            eintraege.append(e);
+    unzFile zip = unzOpen64(QFile::encodeName(pfad).constData());
+    bool gut = zip != nullptr;
+    for (int rc = gut ? unzGoToFirstFile(zip) : UNZ_EOF; rc == UNZ_OK && gut; rc = unzGoToNextFile(zip)) {
+        Gelesen e{QByteArray(512, 0), {}};
+        unz_file_info64 info{};
+        gut = unzGetCurrentFileInfo64(zip, &info, e.name.data(), 512, nullptr, 0, nullptr, 0) == UNZ_OK
+              && unzOpenCurrentFile(zip) == UNZ_OK;
+        e.name.truncate(qsizetype(info.size_filename));
+        char puffer[65536];
+        for (int n = 0; gut && (n = unzReadCurrentFile(zip, puffer, sizeof puffer)) != 0;) {
+            gut = n > 0;
+            e.inhalt.append(puffer, n);
         }
-        unzClose(zip);
+        gut = unzCloseCurrentFile(zip) == UNZ_OK && gut;
+        eintraege.append(e);
     }
-    if (ok)
-        *ok = gut;
-    else
-        EXPECT_TRUE(gut) << "cannot read " << pfad.toStdString();
+    if (zip)
+        unzClose(zip);
+    EXPECT_TRUE(gut) << "cannot read " << pfad.toStdString();
     return eintraege;
 }
 
@@ -123,12 +118,9 @@ inline QMap<QString, QByteArray> baum(const QString &ordner)
 inline std::string unterschiede(const QMap<QString, QByteArray> &vorher, const QMap<QString, QByteArray> &nachher)
 {
     std::string text;
-    QStringList pfade = vorher.keys() + nachher.keys();
-    pfade.removeDuplicates();
-    for (const QString &pfad : pfade) {
-        if (!vorher.contains(pfad) || !nachher.contains(pfad) || vorher[pfad] != nachher[pfad])
-            text += (!nachher.contains(pfad) ? " gone:" : vorher.contains(pfad) ? " changed:" : " new:") + pfad.toStdString();
-    }
+    for (const QString &pfad : QSet<QString>(vorher.keyBegin(), vorher.keyEnd()) + QSet<QString>(nachher.keyBegin(), nachher.keyEnd()))
+        if (vorher.value(pfad, "-") != nachher.value(pfad, "-"))
+            text += " " + pfad.toStdString();
     return text;
 }
 
