@@ -7,7 +7,6 @@
 #include "FKRTabellenAuswahl.h"
 
 #include <QButtonGroup>
-#include <QComboBox>
 #include <QPdfDocument>
 #include <QTabBar>
 
@@ -64,23 +63,6 @@ TEST_F(EditorTest, DokumentOhneEmpfaengerBekommtNeuenOderDenErstenNachFirmaUndNa
     QTest::mouseClick(zweiter.empfaengerTab()->empfaengerLoeschenButton, Qt::LeftButton);
     EXPECT_TRUE(erwartet->isDeleted());
     ASSERT_NE(zweites->empfaenger(), nullptr);
-}
-
-TEST_F(EditorTest, TypwechselBenenntDieNummerUm)
-{
-    FKRRechnung *rechnung = dokument(u"Rechnung: 2024-17"_s);
-    rechnung->setDokumentArt(Decimal(3));
-    rechnung->setLayout(Decimal(4)); // the old footer layout is shown and stored as 3
-    FKRRechnungsDetailsViewController &editor = oeffne(rechnung);
-    FKREditorStatusTab &status = *editor.statusTab();
-    klickeTab(editor, 5);
-    EXPECT_EQ(rechnung->layout(), Decimal(3));
-    for (const QString &nummer : {u"Angebot: 2024-17"_s, u"Anschreiben: 2024-17"_s}) {
-        QTest::keyClick(status.dokumentenArtPopUpButton, Qt::Key_Up);
-        EXPECT_EQ(rechnung->rechnungsNummer(), nummer);
-        EXPECT_EQ(editor.postenTab()->rechnungsNummerTextField->text(), nummer);
-        EXPECT_FALSE(moc().hasChanges());
-    }
 }
 
 TEST_F(EditorTest, PostenWerdenDurchgezaehltNeuerPostenBekommtAnzahlPlusEinsLoeschenFragt)

@@ -1,7 +1,6 @@
 #pragma once
 
-// Helpers of the window tests: a delegate over a fresh data home whose alerts and panels are
-// answered from a script, and the three columns of the main window in a split view.
+// Window tests over a fresh data home, alerts and panels answered from a script.
 
 #include "../app/AppTestSupport.h"
 #include "../app/SkriptPresenter.h"
@@ -43,7 +42,6 @@ using namespace Qt::Literals::StringLiterals;
 
 inline Decimal zahl(const char *text) { return *Decimal::parse(text); }
 
-// Replaces the text of a focused field as a user does: select all, type.
 inline void ersetze(QWidget *feld, const QString &text)
 {
     QTest::keyClick(feld, Qt::Key_A, Qt::ControlModifier);
@@ -88,7 +86,6 @@ protected:
         return r;
     }
 
-    // "-" for none.
     static QStringList nummern(const FKRArrayController &controller)
     {
         QStringList result;
@@ -99,7 +96,7 @@ protected:
 
     QStringList archivDateien() const { return QDir(delegate->applicationArchiveDirectory()).entryList({u"*.pdf"_s}); }
 
-    // Edits cell (0, spalte) of the item table and confirms with Return; the editing field.
+    // Edits cell (0, spalte) and confirms with Return; the editing field.
     static QWidget *bearbeiteZelle(FKRRechnungsDetailsViewController &editor, int spalte, const QString &text)
     {
         QTableView *tabelle = editor.postenTab()->postenTableView;
@@ -107,16 +104,13 @@ protected:
         tabelle->setCurrentIndex(zelle);
         tabelle->edit(zelle);
         QPointer<QWidget> feld = tabelle->indexWidget(zelle);
-        if (!feld)
-            return nullptr;
-        ersetze(feld, text);
-        QTest::keyClick(feld, Qt::Key_Return);
+        if (feld)
+            ersetze(feld, text), QTest::keyClick(feld, Qt::Key_Return);
         QCoreApplication::processEvents(); // the view commits a cell on the next turn
         return feld;
     }
 
-    // Menu, list and document view as items 0, 1 and 2 of a split view, so the controllers find
-    // each other as they do in the program.
+    // Menu, list and view in a split view, so the controllers find each other.
     void baueHauptfenster()
     {
         splitView = std::make_unique<QSplitter>();
@@ -136,7 +130,6 @@ protected:
     FKRRechnungsAnsichtViewController *ansicht = nullptr;
 };
 
-// The whole program's main window on a desktop of the given locale.
 class ProgrammTest : public FensterTest
 {
 protected:
@@ -148,7 +141,7 @@ protected:
         fenster->show();
         QApplication::setActiveWindow(fenster.get());
     }
-    ~ProgrammTest() override { delegate->setFensterSchicht(nullptr); fenster.reset(); }
+    ~ProgrammTest() override { delegate->setFensterSchicht(nullptr), fenster.reset(); }
 
     std::unique_ptr<FKRAppWindowController> fenster;
 };
