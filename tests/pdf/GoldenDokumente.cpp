@@ -37,14 +37,6 @@ QByteArray bildPng(QSize pixel, double dpi, const QList<std::pair<QRect, QRgb>> 
     return daten;
 }
 
-QByteArray unterschrift()
-{
-    QList<std::pair<QRect, QRgb>> striche;
-    for (int i = 0; i < 10; ++i)
-        striche.append({{20 + i * 26, 60 - (i % 3) * 12, 22, 6}, 0x202060});
-    return bildPng({300, 90}, 144, striche);
-}
-
 // Company, name, street, postcode, town and, if given, country.
 template<class Adresse>
 Adresse *adresse(ManagedObjectContext &context, const QStringList &teile)
@@ -124,7 +116,10 @@ FKRAbsender *GoldenDokumente::absender(ManagedObjectContext &context)
     a->setBankVerbindungBic(u"WELADE8LXXX"_s);
     a->setLogoImageBinary(bildPng(
         {240, 80}, 144, {{{0, 0, 80, 80}, 0x1f5f8b}, {{90, 20, 150, 16}, 0x1f5f8b}, {{90, 48, 110, 12}, 0xe08a1e}}));
-    a->setUnterschriftImageBinary(unterschrift());
+    QList<std::pair<QRect, QRgb>> striche;
+    for (int i = 0; i < 10; ++i)
+        striche.append({{20 + i * 26, 60 - (i % 3) * 12, 22, 6}, 0x202060});
+    a->setUnterschriftImageBinary(bildPng({300, 90}, 144, striche));
     return a;
 }
 

@@ -70,11 +70,10 @@ const PdfPruefung::Seite &PdfPruefung::seite_(int seite) const
     return m_seiten.at(seite - 1);
 }
 
-QList<QRectF> PdfPruefung::findeAlle(int nummer, const QString &phrase) const
+std::optional<QRectF> PdfPruefung::finde(int nummer, const QString &phrase) const
 {
     const QStringList teile = phrase.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
     const QList<Wort> &alle = woerter(nummer);
-    QList<QRectF> treffer;
     for (qsizetype start = 0; !teile.isEmpty() && start + teile.size() <= alle.size(); ++start) {
         QRectF box = alle.at(start).box;
         bool passt = true;
@@ -83,15 +82,9 @@ QList<QRectF> PdfPruefung::findeAlle(int nummer, const QString &phrase) const
             box = box.united(alle.at(start + i).box);
         }
         if (passt)
-            treffer.append(box);
+            return box;
     }
-    return treffer;
-}
-
-std::optional<QRectF> PdfPruefung::finde(int nummer, const QString &phrase) const
-{
-    const QList<QRectF> treffer = findeAlle(nummer, phrase);
-    return treffer.isEmpty() ? std::nullopt : std::optional(treffer.first());
+    return std::nullopt;
 }
 
 QString PdfPruefung::text(int nummer) const

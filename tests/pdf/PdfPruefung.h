@@ -16,6 +16,7 @@ public:
     {
         QString text;
         QRectF box;
+        bool operator==(const Wort &) const = default;
     };
 
     explicit PdfPruefung(const QString &pfad);
@@ -26,8 +27,7 @@ public:
     int seitenAnzahl() const { return int(m_seiten.size()); }
     QSizeF seitenGroesse(int seite) const { return seite_(seite).groesse; }
     const QList<Wort> &woerter(int seite) const { return seite_(seite).woerter; }
-    // The boxes around the occurrences of `phrase` as consecutive words.
-    QList<QRectF> findeAlle(int seite, const QString &phrase) const;
+    // The box around the first occurrence of `phrase` as consecutive words.
     std::optional<QRectF> finde(int seite, const QString &phrase) const;
     // The page's text in reading order; the text of every page, each run of white space one blank.
     QString text(int seite) const;

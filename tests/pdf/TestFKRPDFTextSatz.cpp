@@ -44,7 +44,6 @@ TEST(FKRPDFTextSatz, LinesAreTheEnginesOwnAndAWordEndsWhereTheEngineWouldBreak)
         {"tab before a long word", u"Betrag\t"_s + u"x"_s.repeated(400) + u"\nneue Zeile"_s},
         {"soft hyphens before a tab at the end of a full line", u"x"_s.repeated(70) + u"\u00AD\u00AD\ty"_s, {knapp}},
         {"Japanese with closing marks", u"請求書を送付します。ご確認ください、"_s.repeated(30)},
-        {"Thai", u"ภาษาไทยใบแจ้งหนี้"_s.repeated(40)},
         {"Korean syllables", u"청구서금액"_s.repeated(80) + u" 감사합니다"_s},
     };
     for (const auto &fall : faelle)

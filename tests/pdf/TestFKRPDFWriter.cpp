@@ -48,17 +48,9 @@ TEST_F(PDFWriter, AFileIsHeldToAThousandPagesAndTwoMillionCharactersOfTextAndSta
     });
     EXPECT_EQ(abgelehnt, (QStringList{u"measure 6"_s, u"draw 1"_s}));
 
-    // Every file starts afresh, and a writer keeps the paper it was made with.
-    QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(true);
-    const PdfPruefung wieder = schreibe(m_writer, u"wieder.pdf"_s, [&](ProbeWriter &w, FKRRechnung &r) {
-        w.erzeugeNeueSeite(r);
-        zeichne(w, u"Wieder da"_s);
-    });
-    ASSERT_EQ(wieder.seitenAnzahl(), 2);
-    EXPECT_TRUE(wieder.finde(2, u"Wieder da"_s));
-    EXPECT_EQ(wieder.seitenGroesse(2), QSizeF(595.276, 841.89));
-    ProbeWriter letter;
-    EXPECT_EQ(schreibe(letter, u"letter.pdf"_s).seitenGroesse(1), QSizeF(612, 792));
+    // Every file starts afresh.
+    const auto neueSeite = [&](ProbeWriter &w, FKRRechnung &r) { w.erzeugeNeueSeite(r); };
+    EXPECT_EQ(schreibe(m_writer, u"wieder.pdf"_s, neueSeite).seitenAnzahl(), 2);
 }
 
 TEST_F(PDFWriter, TextStandsInItsBoxWrapsAtTheWidthAndReturnsTheYBelowIt)
@@ -72,10 +64,7 @@ TEST_F(PDFWriter, TextStandsInItsBoxWrapsAtTheWidthAndReturnsTheYBelowIt)
            << w.schreibeText(u"Stehenbleiben"_s, FKRPDFWriter::Links, m_font, 100, 400, 300, 100, false)
            << w.schreibeText(std::nullopt, FKRPDFWriter::Links, m_font, 100, 100, 150, 500, true)
            << w.schreibeText(langerText, FKRPDFWriter::Links, m_font, 100, 450, 150, 500, true, 0.15)
-           << w.schreibeText(u"Erster\nZweiter"_s, FKRPDFWriter::Links, m_font, 300, 600, 300, 100, true)
-           // What lies below the page is not in the file, and the text still takes its whole height.
-           << w.schreibeText(QStringList(2000, u"Zeile"_s).join(u'\n'), FKRPDFWriter::Links, m_font, 100, 780, 300,
-                             100, true);
+           << w.schreibeText(u"Erster\nZweiter"_s, FKRPDFWriter::Links, m_font, 300, 600, 300, 100, true);
     });
     const double zeile = m_writer.berechneTextBoxFuerString(u" "_s, m_font, {150, 500}).height();
     EXPECT_NEAR(zeile, 12 * (FKRPDFSchriften::kZeilenhoehe + 0.15), 1e-4);
@@ -84,16 +73,10 @@ TEST_F(PDFWriter, TextStandsInItsBoxWrapsAtTheWidthAndReturnsTheYBelowIt)
     // A missing text takes one line; a line feed starts a line at the wider default spacing.
     const double abstand = 12 * (FKRPDFSchriften::kZeilenhoehe + 0.5);
     const QList<double> erwartet = {100 + zeile, 200 + zeile, 400, 100 + zeile, 450 + gemessen.height(),
-                                    600 + abstand + 12 * FKRPDFSchriften::kZeilenhoehe,
-                                    780 + 1999 * abstand + 12 * FKRPDFSchriften::kZeilenhoehe};
+                                    600 + abstand + 12 * FKRPDFSchriften::kZeilenhoehe};
     ASSERT_EQ(ys.size(), erwartet.size());
     for (qsizetype i = 0; i < ys.size(); ++i)
         EXPECT_NEAR(ys[i], erwartet[i], 1e-3) << i;
-    EXPECT_LT(pdf.findeAlle(1, u"Zeile"_s).size(), 5);
-
-    // Left-aligned from x, right-aligned to x + width.
-    EXPECT_NEAR(pdf.finde(1, u"Linksbuendig"_s).value_or(QRectF()).left(), 100, 0.5);
-    EXPECT_NEAR(pdf.finde(1, u"Rechtsbuendig"_s).value_or(QRectF()).right(), 400, 0.5);
     // Every word of the long text stays within the width, in exactly the lines it measured.
     QSet<int> zeilenOben;
     for (const PdfPruefung::Wort &wort : pdf.woerter(1))
