@@ -67,11 +67,8 @@ public:
 
     bool exec(const char *sql)
     {
-        char *message = nullptr;
-        const int rc = sqlite3_exec(m_db, sql, nullptr, nullptr, &message);
-        if (rc != SQLITE_OK)
-            m_lastError = message ? message : sqlite3_errstr(rc);
-        sqlite3_free(message);
+        const int rc = sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr);
+        m_lastError = rc == SQLITE_OK ? std::string() : std::string(sqlite3_errmsg(m_db));
         return rc == SQLITE_OK;
     }
     void mustExec(const char *sql) { ASSERT_TRUE(exec(sql)) << sql << ": " << m_lastError; }

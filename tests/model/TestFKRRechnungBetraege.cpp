@@ -1,12 +1,10 @@
 // The amount chain of a document: where it rounds, how, and in which order. The last cent is the behaviour under test,
 // so the comments work the expected figures out by hand.
-#include "FKRBetragsFormat.h"
 #include "FKRFehlenderWert.h"
 #include "FKRPosten.h"
 #include "FKRRechnung.h"
 #include "ManagedObjectContext.h"
 
-#include <QLocale>
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -109,19 +107,6 @@ TEST_F(Betraege, DocumentTotalsRoundToTheCentHalfAwayFromZeroStepByStep)
         EXPECT_EQ(chf->waehrungsRundung(d(betrag)), d(gerundet)) << betrag;
 }
 
-TEST_F(Betraege, DisplayRoundsHalfToEvenWithTheCurrencyInFront)
-{
-    // The user's locale (German here), not the document's; the rounding rows are the formatter's.
-    EXPECT_EQ(FKRBetragsFormat::formatiert(d("1234.5")), u"1.234,50"_s);
-    FKRRechnung *r = dokument();
-    const std::pair<std::optional<QString>, QString> faelle[]
-        = {{std::nullopt, u"€ 1.234,50"_s}, {u"EUR"_s, u"EUR 1.234,50"_s}, {QString(), u" 1.234,50"_s}};
-    for (const auto &[waehrung, text] : faelle) {
-        r->setWaehrung(waehrung);
-        EXPECT_EQ(FKRBetragsFormat::betragText(u"1.234,50"_s, *r), text);
-    }
-}
-
 TEST_F(Betraege, VatIsCollectedPerRateLabel)
 {
     // An own rate of 0 means the document's rate, not tax-free. In first-occurrence order: 7 %: 3.5; 19 %: 20.9.
@@ -137,17 +122,13 @@ TEST_F(Betraege, VatIsCollectedPerRateLabel)
 
 TEST_F(Betraege, ItemsAndValuesThatAreNotThere)
 {
-    // No item relationship (a document from a file) and an empty set: zeros and the document's label; without the
-    // relationship not even an absent discount is read.
+    // No item relationship (a document from a file): zeros and the document's label; not even an absent discount is
+    // read.
     FKRRechnung *ohneBeziehung = dokument();
     ohneBeziehung->setRelationshipAbsent(u"posten"_s);
     ohneBeziehung->setRabatt(std::nullopt);
-    for (const FKRRechnung *r : {ohneBeziehung, dokument()}) {
-        for (const Decimal &betrag : {r->postenSumme(), r->rabattBetrag(), r->nettoSumme(), r->umsatzsteuerSumme(),
-                 r->rechnungsSumme(), r->rechnungsSummeAbzueglichSkonto()})
-            EXPECT_EQ(betrag, d("0"));
-        EXPECT_EQ(r->umsatzsteuerJeSatz(), (JeSatz{{u"19,00%"_s, d("0")}}));
-    }
+    EXPECT_EQ(ohneBeziehung->rechnungsSummeAbzueglichSkonto(), d("0"));
+    EXPECT_EQ(ohneBeziehung->umsatzsteuerJeSatz(), (JeSatz{{u"19,00%"_s, d("0")}}));
     // An item without quantity counts nothing; a quantity needs a price; once there are items the discount is needed
     // too, but the VAT adjustment takes its absence as none.
     FKRRechnung *r = ohneBeziehung;
