@@ -1,6 +1,4 @@
-// What the application core asks of the main window: imported items reach the open editor,
-// the reminders are read in the list's order without disturbing it, a click on a reminder
-// shows the due area, and closing the window closes the editors with it.
+// What the core asks of the main window: imported items, reminders, closing with the editors.
 
 #include "WorkflowTestSupport.h"
 

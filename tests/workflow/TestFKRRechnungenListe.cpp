@@ -1,4 +1,4 @@
-// The document list: areas with a stopped clock, type, header orders, new documents, deleting.
+// The document list: areas with a stopped clock, header orders, new documents, deleting.
 
 #include "WorkflowTestSupport.h"
 
