@@ -1,8 +1,8 @@
 // Reading a picture: the formats taken, its size on paper, the bounds checked before decoding.
 #include "FKRBildLeser.h"
 #include "Testbilder.h"
+#include "WriterTestSupport.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -13,19 +13,8 @@ using testbilder::jpegMitKopf;
 
 namespace {
 
-// A picture of `groesse` in `format`, padded with zeros to `laenge` bytes if given.
-QByteArray kodiert(QSize groesse, const char *format, int punkteJeMeter = 2835, qint64 laenge = 0)
-{
-    QImage bild(groesse, QImage::Format_RGB32);
-    bild.fill(Qt::darkCyan);
-    bild.setDotsPerMeterX(punkteJeMeter);
-    bild.setDotsPerMeterY(punkteJeMeter);
-    QByteArray daten;
-    QBuffer puffer(&daten);
-    EXPECT_TRUE(bild.save(&puffer, format)) << format;
-    daten.resize(std::max(laenge, daten.size()), '\0');
-    return daten;
-}
+// A picture of 30 x 20 pixels padded with zeros to `laenge` bytes.
+QByteArray kodiert(qint64 laenge = 0) { return writertest::png({30, 20}, Qt::darkCyan).leftJustified(laenge, '\0'); }
 
 TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
 {
@@ -42,8 +31,8 @@ TEST(FKRBildLeser, TakesPicturesWithinTheBoundsAndSaysWhyItRefusesOthers)
          u"the image is 40000 x 40000 pixels; at most 32 megapixels are taken"_s},
         {"one row more than 32 megapixels", jpegMitKopf({8000, 4001}), Ablehnung::ZuVieleBildpunkte},
         {"exactly 32 megapixels", jpegMitKopf({8000, 4000}), Ablehnung::Keine},
-        {"exactly 32 MB", kodiert({30, 20}, "PNG", 2835, FKRBildLeser::kMaxBytes), Ablehnung::Keine},
-        {"one byte more", kodiert({30, 20}, "PNG", 2835, FKRBildLeser::kMaxBytes + 1), Ablehnung::ZuVieleBytes,
+        {"exactly 32 MB", kodiert(FKRBildLeser::kMaxBytes), Ablehnung::Keine},
+        {"one byte more", kodiert(FKRBildLeser::kMaxBytes + 1), Ablehnung::ZuVieleBytes,
          u"the image file has 32.0 MB; at most 32 MB are taken"_s},
     };
     for (const auto &fall : faelle) {
@@ -62,7 +51,7 @@ TEST(FKRBildLeser, FilesBeyondTheBoundAreRefusedBeforeTheyAreRead)
     QTemporaryDir ordner;
     QFile datei(ordner.filePath(u"gross.png"_s));
     ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
-    datei.write(kodiert({30, 20}, "PNG"));
+    datei.write(kodiert());
     ASSERT_TRUE(datei.resize(FKRBildLeser::kMaxBytes + 1)); // sparse: long without taking the space
     EXPECT_EQ(FKRBildLeser::liesDatei(datei.fileName()).ablehnung, Ablehnung::ZuVieleBytes);
     ASSERT_TRUE(datei.resize(FKRBildLeser::kMaxBytes));

@@ -18,8 +18,6 @@ using writertest::png;
 
 namespace {
 
-constexpr double kDpi = 144.0;
-
 Decimal d(const char *text) { return *Decimal::parse(text); }
 
 QDateTime datum(int monat, int tag) { return QDateTime(QDate(2026, monat, tag), QTime(10, 0)); }
@@ -75,14 +73,11 @@ protected:
         r.absender()->setLogoImageBinary(writertest::png({120, 60}, Qt::red));
         return &r;
     }
-    PdfPruefung rendere(FKRRechnung *r)
-    {
-        return writertest::rendere(*r, m_ordner.filePath(u"%1.pdf"_s.arg(++m_nummer)));
-    }
+    PdfPruefung rendere(FKRRechnung *r) { return writertest::rendere(*r, m_ordner.filePath(QString::number(++m_nr))); }
 
     ManagedObjectContext m_context;
     QTemporaryDir m_ordner;
-    int m_nummer = 0;
+    int m_nr = 0;
 };
 
 TEST_F(LayoutTest, TotalsSentencesAndDatesFollowTheDocumentTypeAndWhatIsKnown)
@@ -343,7 +338,7 @@ TEST_F(LayoutTest, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
                 r->absender()->setLogoImageBinary(png(logo, Qt::red));
                 const PdfPruefung pdf = rendere(r);
                 EXPECT_EQ(pdf.woerter(1), ohne) << "every word stands where it stands without a logo";
-                const QRectF box = PdfPruefung::flaeche(pdf.bild(1, kDpi), kDpi, Qt::red, 40);
+                const QRectF box = PdfPruefung::flaeche(pdf.bild(1, 144), 144, Qt::red, 40);
                 EXPECT_GE(box.left(), raum.left() - 1);
                 EXPECT_NEAR(box.right(), raum.right(), 1);
                 EXPECT_NEAR(box.top(), raum.top(), 1);

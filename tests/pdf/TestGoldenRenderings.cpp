@@ -10,8 +10,6 @@
 #include <QFile>
 #include <QTimeZone>
 
-#include <iostream>
-
 using namespace Qt::Literals::StringLiterals;
 
 void PrintTo(const GoldenDokumente::Dokument &dokument, std::ostream *out) { *out << dokument.name.toStdString(); }
@@ -66,7 +64,6 @@ TEST_P(GoldenRenderings, PagesMatchTheReferenceImages)
             const QImage grau = pdf.bild(seite, kDpi).convertToFormat(QImage::Format_Grayscale8);
             ASSERT_TRUE(grau.save(referenz(seite), "PNG", 9)) << referenz(seite).toStdString();
         }
-        std::cout << "updated " << pdf.seitenAnzahl() << " page(s) of " << dokument.name.toStdString() << "\n";
         return;
     }
 

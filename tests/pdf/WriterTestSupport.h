@@ -58,7 +58,6 @@ inline PdfPruefung rendere(FKRRechnung &rechnung, const QString &pfad)
 class PDFWriter : public ::testing::Test
 {
 protected:
-    void TearDown() override { QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(false); }
     QString pfad(const QString &name) const { return m_ordner.filePath(name); }
     PdfPruefung schreibe(writertest::ProbeWriter &writer, const QString &name,
                          std::function<void(writertest::ProbeWriter &, FKRRechnung &)> inhalt = {})
