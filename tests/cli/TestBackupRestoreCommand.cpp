@@ -1,5 +1,4 @@
-// velmora-cli backup and restore: run in-process against a private data folder, the archives
-// read back through a restore, and the refusals that must leave the store as it was.
+// velmora-cli backup and restore against a private data folder; refusals leave the store as it was.
 #include "../app/AppTestSupport.h"
 #include "../app/UnbrauchbareArchive.h"
 
@@ -10,8 +9,6 @@
 #include "RestoreCommand.h"
 
 #include <QFileInfo>
-#include <QRegularExpression>
-
 
 namespace {
 
@@ -74,23 +71,13 @@ protected:
 
 TEST_F(BackupRestore, SicherungLandetImSicherungsordnerOderWoDerNutzerWill)
 {
-    const Lauf ohneStore = starteCli({"backup"});
-    EXPECT_EQ(ohneStore.status, 1);
-    EXPECT_NE(ohneStore.err.find("no store"), std::string::npos) << ohneStore.err;
-
+    EXPECT_EQ(starteCli({"backup"}).status, 1) << "no store yet";
     legeStoreAn({"A-1", "A-2"});
-    const Lauf erste = starteCli({"backup"});
-    ASSERT_EQ(erste.status, 0) << erste.err;
-    const Lauf zweite = starteCli({"backup"});
-    ASSERT_EQ(zweite.status, 0) << zweite.err;
-    EXPECT_NE(erste.out, zweite.out) << "a second backup in the same minute must not replace the first";
+    EXPECT_NE(starteCli({"backup"}).out, starteCli({"backup"}).out) << "a second backup in the same minute replaces nothing";
     EXPECT_EQ(sicherungen().size(), 2);
 
     QTemporaryDir woanders;
-    ASSERT_EQ(starteCli({"backup", "--out", woanders.path() + "/mein.fks"}).status, 0);
-    EXPECT_TRUE(QFileInfo(woanders.path() + "/mein.fks").size() > 0);
-    const Lauf inOrdner = starteCli({"backup", "--out=" + woanders.path()});
-    ASSERT_EQ(inOrdner.status, 0) << inOrdner.err;
+    ASSERT_EQ(starteCli({"backup", "--out=" + woanders.path()}).status, 0);
     EXPECT_EQ(QDir(woanders.path()).entryList({"*-DataBackup.fks"}, QDir::Files).size(), 1);
 
     for (const QStringList &aufruf : {QStringList{"backup", "--out"}, {"backup", "extra"}})
@@ -107,19 +94,13 @@ TEST_F(BackupRestore, WiederherstellungSichertErstDenAktuellenStoreUndVerweigert
     auto *einstellungen = QBBenutzerEinstellungen::sharedInstance();
     einstellungen->setVerwendeiCloudSync(true);
 
-    QFile::copy(archiv, woanders.path() + "/gut.zip");
-    const QByteArray bytes = ziptest::lies(archiv);
-    ziptest::schreibe(woanders.path() + "/kaputt.fks", bytes.left(bytes.size() / 2));
-    for (const QStringList &aufruf : {QStringList{"restore", woanders.path() + "/gut.zip"}, {"restore", woanders.path() + "/fehlt.fks"},
-                                      {"restore"}, {"restore", archiv, archiv}, {"restore", woanders.path() + "/kaputt.fks"}})
+    for (const QStringList &aufruf : {QStringList{"restore", woanders.path() + "/fehlt.fks"}, {"restore", archiv, archiv}})
         EXPECT_EQ(starteCli(aufruf).status, 2) << aufruf.join(' ').toStdString();
     {
         // While the program runs (it holds the data folder's lock).
         FKRDatenOrdnerSperre laufendesProgramm;
         ASSERT_EQ(laufendesProgramm.sperre(datenOrdner()), FKRDatenOrdnerSperre::Ergebnis::Gehalten);
-        const Lauf waehrendEsLaeuft = starteCli({"restore", archiv});
-        EXPECT_EQ(waehrendEsLaeuft.status, 1);
-        EXPECT_NE(waehrendEsLaeuft.err.find("running"), std::string::npos) << waehrendEsLaeuft.err;
+        EXPECT_EQ(starteCli({"restore", archiv}).status, 1);
     }
     EXPECT_EQ(nummernImStore(), (QStringList{"Neu-1", "Neu-2"}));
     EXPECT_FALSE(einstellungen->datenbankWurdeNeuImportiert());
@@ -154,8 +135,7 @@ TEST_F(BackupRestore, EinArchivOhneBrauchbarenStoreWirdAbgelehntOhneEtwasZuAende
     }
     EXPECT_FALSE(QBBenutzerEinstellungen::sharedInstance()->datenbankWurdeNeuImportiert());
 
-    // A usable store of an older version whose last save is still in its write-ahead log: the
-    // log comes along and is folded into the store.
+    // An older version's store whose last save is still in its write-ahead log: the log comes along.
     const QString wal = werkstatt.path() + "/wal.storedata";
     ziptest::schreibe(wal, ziptest::guterStore(werkstatt.path()));
     QByteArray store, log;
@@ -175,8 +155,6 @@ TEST_F(BackupRestore, EinArchivOhneBrauchbarenStoreWirdAbgelehntOhneEtwasZuAende
     ASSERT_EQ(lauf.status, 0) << lauf.err;
     EXPECT_EQ(nummernImStore(), QStringList{"Aus dem Log"});
     EXPECT_EQ(sicherungen().size(), 1) << "the replaced store is backed up";
-    EXPECT_EQ(QStringList(inhalt(datenOrdner()).keys()).filter(QRegularExpression("^/[^/]*$")),
-              (QStringList{"/VelmoraRechnungen.storedata", "/dataBackups"}));
     QBBenutzerEinstellungen::sharedInstance()->setDatenbankWurdeNeuImportiert(false);
 }
 
