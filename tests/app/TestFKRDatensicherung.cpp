@@ -16,8 +16,7 @@ const QString kShm = QStringLiteral("VelmoraRechnungen.storedata-shm");
 const QDateTime kMoment(QDate(2026, 3, 14), QTime(10, 0));
 
 struct Gemeldet {
-    QString archiv;
-    QString fehler;
+    QString archiv, fehler;
     bool da = false;
 };
 
@@ -63,9 +62,8 @@ TEST(FKRDatensicherungNamen, DieStoreDateienUndDerArchivNameSortiertNachDatumInJ
     EXPECT_EQ(FKRDatensicherung::archivName(kMoment), QStringLiteral("2026-03-14 10.00.00-DataBackup.fks"));
     const QLocale vorher;
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    const QString amerikanisch = FKRDatensicherung::archivName(kMoment.addSecs(13 * 3600 + 5 * 60 + 9));
+    EXPECT_EQ(FKRDatensicherung::archivName(kMoment.addSecs(13 * 3600 + 5 * 60 + 9)), QStringLiteral("2026-03-14 23.05.09-DataBackup.fks"));
     QLocale::setDefault(vorher);
-    EXPECT_EQ(amerikanisch, QStringLiteral("2026-03-14 23.05.09-DataBackup.fks"));
 }
 
 TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerliertKeinArchiv)
@@ -81,7 +79,6 @@ TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerlie
     FKRDatensicherung sicherung(daten, sicherungen);
     sicherung.starte(kMoment);
     sicherung.warteBisFertig();
-    EXPECT_FALSE(sicherung.laeuft());
     const Gemeldet erstes = warteAufMeldung(sicherung); // still reported through the event loop
     const QString erwartet = sicherungen + QLatin1Char('/') + FKRDatensicherung::archivName(kMoment);
     ASSERT_EQ(erstes.archiv, erwartet) << erstes.fehler.toStdString();
@@ -101,40 +98,18 @@ TEST_F(FKRDatensicherungTest, SichertDieVorhandenenDateienImHintergrundUndVerlie
     sicherung.starte(kMoment);
     EXPECT_EQ(warteAufMeldung(sicherung).archiv, sicherungen + QStringLiteral("/2026-03-14 10.00.00 (2)-DataBackup.fks"));
     EXPECT_FALSE(QFile::exists(alterEntwurf));
-    FKRDatensicherung naechste(daten, sicherungen);
-    naechste.starte(kMoment);
-    EXPECT_EQ(warteAufMeldung(naechste).archiv, sicherungen + QStringLiteral("/2026-03-14 10.00.00 (3)-DataBackup.fks"));
     EXPECT_EQ(lies(erwartet), erstesArchiv);
-    EXPECT_EQ(FKRDatensicherung::freierArchivPfad(sicherungen, kMoment),
-              sicherungen + QStringLiteral("/2026-03-14 10.00.00 (4)-DataBackup.fks"));
     EXPECT_EQ(baum(sicherungen).keys(), (QStringList{QStringLiteral("/2026-03-14 10.00.00 (2)-DataBackup.fks"),
-                                                      QStringLiteral("/2026-03-14 10.00.00 (3)-DataBackup.fks"),
                                                       QStringLiteral("/2026-03-14 10.00.00-DataBackup.fks")}))
         << "no drafts or copies are left behind";
-
-    // The command line names its archive itself and may replace it.
-    const QString cli = wurzel.filePath(QStringLiteral("cli.fks"));
-    schreibe(cli, "alt");
-    QString fehler;
-    ASSERT_TRUE(sicherung.erstelleJetzt(cli, &fehler)) << fehler.toStdString();
-    EXPECT_EQ(namen(liesArchiv(cli)), (QStringList{kStore, kShm}));
 }
 
-TEST_F(FKRDatensicherungTest, ErsterStartFremdeDateienUndUnbrauchbarerSicherungsOrdner)
+TEST_F(FKRDatensicherungTest, FremdeDateienUndUnbrauchbarerSicherungsOrdner)
 {
-    // First start: no store yet, still an archive, without entries.
-    Gemeldet gemeldet;
-    {
-        FKRDatensicherung sicherung(daten, sicherungen);
-        sicherung.starte(kMoment);
-        gemeldet = warteAufMeldung(sicherung);
-    }
-    ASSERT_FALSE(gemeldet.archiv.isEmpty()) << gemeldet.fehler.toStdString();
-    EXPECT_EQ(lies(gemeldet.archiv), QByteArray("PK\x05\x06", 4) + QByteArray(18, '\0')) << "the end record alone";
-
     // A store file that is no database is nobody's store: it goes in byte for byte.
     const QByteArray fremd = "kein SQLite " + zufallsBytes(300000, 7);
     schreibe(store, fremd);
+    Gemeldet gemeldet;
     {
         FKRDatensicherung sicherung(daten, sicherungen);
         sicherung.starte(kMoment.addSecs(60));
@@ -154,18 +129,14 @@ TEST_F(FKRDatensicherungTest, ErsterStartFremdeDateienUndUnbrauchbarerSicherungs
         gemeldet = warteAufMeldung(sicherung);
         EXPECT_TRUE(gemeldet.archiv.isEmpty());
         EXPECT_FALSE(gemeldet.fehler.isEmpty());
-        QString fehler;
-        EXPECT_FALSE(sicherung.erstelleJetzt(ordner + QStringLiteral("/a.fks"), &fehler));
-        EXPECT_FALSE(fehler.isEmpty());
     }
     EXPECT_EQ(lies(store), fremd);
 }
 
 TEST_F(FKRDatensicherungTest, DasArchivHaeltEinenGanzenStandAuchWennWaehrendDessenGespeichertWird)
 {
-    // One document carries a big PDF that every save rewrites with bytes of its own number, and
-    // every save adds a document. A copy that mixes the file of two saves shows as a PDF of
-    // another number, a missing or extra document, or a damaged file.
+    // Every save rewrites a big PDF with bytes of its own number and adds a document: a copy that
+    // mixes two saves shows as a PDF of another number, a missing or extra document.
     constexpr qsizetype kPdf = 24 << 20;
     storetest::OpenStore offen(store);
     ManagedObjectContext &moc = offen.moc();
@@ -192,9 +163,7 @@ TEST_F(FKRDatensicherungTest, DasArchivHaeltEinenGanzenStandAuchWennWaehrendDess
     ASSERT_FALSE(gemeldet.archiv.isEmpty()) << gemeldet.fehler.toStdString();
     EXPECT_GE(gespeichert, 2) << "the saves should overlap the backup";
 
-    const QString kopie = entpackt(gemeldet.archiv) + QLatin1Char('/') + kStore;
-    EXPECT_EQ(storetest::RawSql(kopie).text(QStringLiteral("PRAGMA integrity_check")), QStringLiteral("ok"));
-    storetest::OpenStore zurueck(kopie);
+    storetest::OpenStore zurueck(entpackt(gemeldet.archiv) + QLatin1Char('/') + kStore);
     auto *gesichert = static_cast<FKRRechnung *>(zurueck.byIdentifier(QStringLiteral("FKRRechnung"), kennung));
     ASSERT_NE(gesichert, nullptr);
     const int stand = gesichert->rechnungsNummer()->toInt();
