@@ -76,19 +76,16 @@ std::string s(const QString &text) { return text.toStdString(); }
 
 TEST(TranslationTables, EveryKeyTheCodeUsesIsInBothTables)
 {
-    int dateien = 0;
     QDirIterator it(QStringLiteral(VELMORA_SOURCE_DIR "/src"), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         QFile file(it.next());
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        ++dateien;
         for (const QString &key : schluesselIn(QString::fromUtf8(file.readAll()))) {
             EXPECT_TRUE(deutsch().contains(key)) << "German table lacks \"" << s(key) << "\" used in " << s(it.filePath());
             EXPECT_TRUE(englisch().contains(key)) << "English table lacks \"" << s(key) << "\" used in " << s(it.filePath());
         }
     }
-    EXPECT_GT(dateien, 0);
 }
 
 TEST(TranslationTables, BothTablesHaveTheSameFinishedKeysWithTheBlanksAndPlaceholdersTheirCallersRelyOn)
