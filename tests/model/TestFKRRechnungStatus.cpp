@@ -101,7 +101,6 @@ TEST_F(Status, TypeAndLanguageChangesRelabelTheNumber)
         std::optional<QString> erwartet;
     } faelle[] = {
         {1, u"Rechnung: 2026-001"_s, 2, 1, u"Angebot: 2026-001"_s}, {1, u"Angebot: 2026-001"_s, 7, 1, u" 2026-001"_s},
-        {2, u"Invoice: 2026-001"_s, 2, 2, u"Quote: 2026-001"_s},
         {2, u"Rechnung: 2026-001"_s, 2, 2, u"Rechnung: 2026-001"_s},
         {1, std::nullopt, 1, 1, std::nullopt}, {2, u"Quote: 7"_s, 0, 1, u"Angebot: 7"_s},
         {1, u"Mahnung für: Rechnung: 5"_s, 0, 2, u"Reminder for: Invoice: 5"_s},

@@ -18,7 +18,7 @@ namespace {
 // A stored value after migration, as describe() renders it; a to-one relationship, target 0 for none.
 struct Expected { const char *entity; qint64 pk; const char *key, *value; };
 struct Link { const char *entity; qint64 pk; const char *relationship; qint64 target; };
-struct OlderStore { const char *name, *sql; std::vector<Expected> values; std::vector<Link> links; };
+struct OlderStore { const char *sql; std::vector<Expected> values; std::vector<Link> links; };
 
 // Version 0: no cash discount, no identifiers on documents, no frozen PDFs, no letterhead and
 // no recipients at all.
@@ -49,8 +49,7 @@ INSERT INTO FKRPosten VALUES (1, '2.5', '120', 0, NULL, 'Konzept', 'Beratung', 1
   (4, '1', '80', 1, NULL, NULL, 'Vorlage Stunde', 0, NULL, NULL);
 )sql";
 
-const OlderStore kOlderStores[] = {
-    {"Version0WithoutRecipientsAndCashDiscount",
+const OlderStore kVersion0Store = {
      kVersion0,
      {
          {"FKRRechnung", 1, "rechnungsText", "QString Sehr geehrte Damen und Herren,\nanbei die Rechnung für März."},
@@ -65,16 +64,15 @@ const OlderStore kOlderStores[] = {
          {"FKRAbsender", 1, "geschaeftspapierDrucken", "bool false"}, {"FKRPosten", 2, "mwStSatz", "Decimal 0.07"},
      },
      {{"FKRRechnung", 1, "absender", 1}, {"FKRRechnung", 7, "absender", 0}, {"FKRPosten", 3, "rechnung", 7},
-      {"FKRPosten", 4, "rechnung", 0}}},
-};
+      {"FKRPosten", 4, "rechnung", 0}}};
 
-class StoreMigration : public ::testing::TestWithParam<OlderStore>
+class StoreMigration : public ::testing::Test
 {
 protected:
     QTemporaryDir dir;
     const QString path = dir.filePath(QString::fromLatin1(PersistentStoreCoordinator::kStoreFileName));
 
-    void SetUp() override { RawSql(path, true).mustExec(GetParam().sql); }
+    void SetUp() override { RawSql(path, true).mustExec(kVersion0Store.sql); }
 
     static ManagedObject *object(ManagedObjectContext &moc, const char *entity, qint64 pk)
     {
@@ -86,14 +84,14 @@ protected:
     }
 };
 
-TEST_P(StoreMigration, KeepsEveryValueAndAddsWhatIsMissing)
+TEST_F(StoreMigration, Version0KeepsEveryValueAndAddsWhatIsMissing)
 {
     {
         OpenStore store(path);
-        for (const Expected &e : GetParam().values)
+        for (const Expected &e : kVersion0Store.values)
             if (const ManagedObject *o = object(store.moc(), e.entity, e.pk))
                 EXPECT_EQ(describe(o->value(QString::fromLatin1(e.key))), e.value) << e.entity << " " << e.pk << " " << e.key;
-        for (const Link &l : GetParam().links) {
+        for (const Link &l : kVersion0Store.links) {
             const ManagedObject *o = object(store.moc(), l.entity, l.pk);
             const ManagedObject *target = o ? o->toOne(QString::fromLatin1(l.relationship)) : nullptr;
             EXPECT_EQ(target ? target->primaryKey() : 0, l.target) << l.entity << " " << l.pk << " " << l.relationship;
@@ -124,7 +122,5 @@ TEST_P(StoreMigration, KeepsEveryValueAndAddsWhatIsMissing)
     EXPECT_EQ(sideFiles(path), QStringList());
 }
 
-INSTANTIATE_TEST_SUITE_P(OlderStores, StoreMigration, ::testing::ValuesIn(kOlderStores),
-                         [](const ::testing::TestParamInfo<OlderStore> &p) { return std::string(p.param.name); });
 
 } // namespace
