@@ -1,9 +1,7 @@
 #pragma once
 
-// A desktop of its own for the notification tests: a private session bus (dbus-daemon), an X
-// server (Xvfb) and a real notification daemon (dunst) that appends every notification it shows
-// to a file. Registered once per test binary as a gtest environment, before anything touches
-// D-Bus: the program connects to the session bus once per process.
+// A private desktop for the notification tests: session bus, X server and a notification daemon
+// that logs what it shows. A gtest environment: the program connects to the bus once per process.
 
 #include "Prozesse.h"
 
@@ -19,8 +17,7 @@ namespace harness {
 using namespace Qt::Literals::StringLiterals;
 
 struct Gezeigt {
-    uint id = 0;
-    QString anwendung, titel, text, dringlichkeit, desktopEintrag;
+    QString titel, text;
 };
 
 class DesktopUmgebung : public ::testing::Environment
@@ -58,7 +55,7 @@ public:
         QFile::setPermissions(skript, QFile::ReadOwner | QFile::ExeOwner);
         QFile vorlage(daten + u"dunstrc"_s), konfiguration(m_ordner.filePath(u"dunstrc"_s));
         ASSERT_TRUE(vorlage.open(QIODevice::ReadOnly) && konfiguration.open(QIODevice::WriteOnly));
-        konfiguration.write(vorlage.readAll().replace("@PROTOKOLL_SKRIPT@", skript.toUtf8()));
+        ASSERT_GT(konfiguration.write(vorlage.readAll().replace("@PROTOKOLL_SKRIPT@", skript.toUtf8())), 0);
         konfiguration.close();
         qputenv("VELMORA_DUNST_PROTOKOLL", protokollPfad().toUtf8());
         ASSERT_TRUE(starteDunst()) << "dunst did not take the notification service";
@@ -72,7 +69,6 @@ public:
 
     QString fehlt() const { return m_fehlt; }
 
-    // Each waits until the notification service is there or gone.
     bool starteDunst()
     {
         m_dunst = starteKind(u"dunst"_s, {u"-conf"_s, m_ordner.filePath(u"dunstrc"_s)});
@@ -88,14 +84,13 @@ public:
         return QDBusConnection::sessionBus().interface()->isServiceRegistered(u"org.freedesktop.Notifications"_s);
     }
 
-    QString protokollPfad() const { return m_ordner.filePath(u"gezeigt.txt"_s); }
     QList<Gezeigt> protokoll() const
     {
         QList<Gezeigt> ergebnis;
         QFile datei(protokollPfad());
         for (const QByteArray &zeile : datei.open(QIODevice::ReadOnly) ? datei.readAll().split('\n') : QByteArrayList()) {
             if (const QStringList t = QString::fromUtf8(zeile).split(u'\t'); t.size() == 6)
-                ergebnis.append({t[0].toUInt(), t[1], t[2], t[3], t[4], t[5]});
+                ergebnis.append({t[2], t[3]});
         }
         return ergebnis;
     }
@@ -116,6 +111,7 @@ public:
     }
 
 private:
+    QString protokollPfad() const { return m_ordner.filePath(u"gezeigt.txt"_s); }
     // dbus-daemon prints its address, Xvfb its display number, once ready.
     static QByteArray ersteZeile(QProcess &prozess)
     {

@@ -1,7 +1,6 @@
 #pragma once
 
-// The real surroundings of the program in tests: the event loop waited on with a deadline, child
-// programs that die with the test process, and the warnings the program logs.
+// The event loop waited on with a deadline, child programs that die with the test, logged warnings.
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -16,7 +15,7 @@
 
 namespace harness {
 
-// True when `bedingung` held before `ms` had passed, the event loop running meanwhile.
+// Whether `bedingung` held within `ms`, the event loop running meanwhile.
 inline bool warteBis(const std::function<bool()> &bedingung, int ms = 5000)
 {
     const QDeadlineTimer frist(ms);
@@ -32,7 +31,7 @@ inline bool warteBis(const std::function<bool()> &bedingung, int ms = 5000)
 // Lets the event loop run for `ms`, for checks that something does NOT happen.
 inline void laufe(int ms) { warteBis([] { return false; }, ms); }
 
-// A child program that is killed with the test process, even when a test crashes it.
+// A child program killed with the test process, even when a test crashes.
 inline std::unique_ptr<QProcess> starteKind(const QString &programm, const QStringList &argumente,
                                             const QProcessEnvironment &umgebung = QProcessEnvironment::systemEnvironment())
 {
@@ -46,8 +45,6 @@ inline std::unique_ptr<QProcess> starteKind(const QString &programm, const QStri
 
 inline void beende(QProcess &prozess)
 {
-    if (prozess.state() == QProcess::NotRunning)
-        return;
     prozess.terminate();
     if (!prozess.waitForFinished(3000))
         prozess.kill();
