@@ -12,7 +12,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 inline void PrintTo(const Decimal &zahl, std::ostream *out) { *out << zahl.toString(); }
-inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
 
 namespace {
 Decimal d(const char *text) { return *Decimal::parse(text); }

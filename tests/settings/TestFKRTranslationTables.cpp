@@ -4,7 +4,6 @@
 
 #include <QDirIterator>
 #include <QFile>
-#include <QLocale>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSet>

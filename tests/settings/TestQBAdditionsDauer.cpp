@@ -3,7 +3,6 @@
 #include <QTimeZone>
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <ctime>
 #include <string>
 
@@ -32,12 +31,10 @@ TEST(QBAdditionsDauer, DecimalHoursAreExact)
 {
     EXPECT_EQ(Q::formatNSTimeIntervalAsDecimalNumber(5400.9).toString(), "1.5");
     EXPECT_EQ(Q::formatNSTimeIntervalAsDecimalNumber(1000).toString(), "0.27777777777777777777777777777777777778");
-    EXPECT_EQ(Q::formatNSTimeIntervalAsDecimalNumber(std::nan("")).toString(), "0");
 }
 
 TEST_F(QBAdditionsRundung, BeginTimesOnTheGrid)
 {
-    EXPECT_EQ(Q::retrieveRundungsIntervallForIncrement(10), 90);
     const QDateTime sieben = um("2026-03-14T10:07:20+01:00");
     const struct { QDateTime beginn; int modus, schritt; const char *gerundet; } faelle[] = {
         {sieben, 1, 3, "14. 10:15:20"}, {sieben, 2, 3, "14. 10:00:20"}, {sieben, 7, 3, "14. 10:00:20"},
