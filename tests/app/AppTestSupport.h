@@ -1,7 +1,6 @@
 #pragma once
 
-// Helpers of the application-core tests: a fresh data home per test, windows and sync stand-ins
-// that record what the core asked of them, and waiting on the event loop with a deadline.
+// A fresh data home per test, and window and sync stand-ins that record what the core asked.
 
 #include "FKRFensterSchicht.h"
 #include "FKRSyncKoordinator.h"
@@ -17,16 +16,11 @@
 
 namespace apptest {
 
-// Points XDG_DATA_HOME at an empty folder for the life of the object, so every delegate made
-// meanwhile finds its own data folder.
+// XDG_DATA_HOME points at an empty folder while it lives: every delegate finds its own data.
 class DatenHeimat
 {
 public:
-    DatenHeimat()
-        : m_alt(qgetenv("XDG_DATA_HOME"))
-    {
-        qputenv("XDG_DATA_HOME", m_ordner.path().toUtf8());
-    }
+    DatenHeimat() : m_alt(qgetenv("XDG_DATA_HOME")) { qputenv("XDG_DATA_HOME", m_ordner.path().toUtf8()); }
     ~DatenHeimat() { qputenv("XDG_DATA_HOME", m_alt); }
     QString pfad() const { return m_ordner.path(); }
     QString datenOrdner() const { return m_ordner.path() + QStringLiteral("/Velmora-Rechnungen"); }
@@ -36,11 +30,7 @@ private:
     QByteArray m_alt;
 };
 
-// Runs the event loop until `bedingung` holds or `ms` have passed; returns whether it holds.
-inline bool warteBis(const std::function<bool()> &bedingung, int ms = 10000)
-{
-    return harness::warteBis(bedingung, ms);
-}
+inline bool warteBis(const std::function<bool()> &bedingung, int ms = 10000) { return harness::warteBis(bedingung, ms); }
 
 struct FensterAttrappe : FKRFensterSchicht {
     FKROffenerEditor *editor = nullptr;
@@ -86,8 +76,7 @@ struct SyncAttrappe : FKRSyncKoordinator {
     bool istBeschaeftigt() const override { return beschaeftigt; }
 };
 
-// Thrown by the process end of a delegate under test, so the test goes on after the store
-// failure instead of the process ending.
+// Thrown by a delegate's process end, so the test goes on after a store failure.
 struct ProzessEnde {
     int status;
 };

@@ -1,10 +1,6 @@
-// A program that saves documents one after the other through the application's save operation
-// and reports each save that returned on stdout ("gespeichert N"), until it is killed. The crash
-// test kills it at a random moment and checks the store it leaves behind.
-//
-// With "--halten" it only opens the store, reports "offen" and keeps it open until its standard
-// input closes: the other program on one data folder. Alerts go to stderr as "alert KEY"; a
-// store it may not open ends it with status 1.
+// Saves documents one after the other and reports each save that returned ("gespeichert N") until
+// it is killed. With "--halten" it opens the store, reports "offen" and holds it until stdin
+// closes. Alerts go to stderr as "alert KEY"; a store it may not open ends it with status 1.
 
 #include "../SkriptPresenter.h"
 
