@@ -8,11 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ostream>
 
 using namespace Qt::Literals::StringLiterals;
 
-inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
 
 namespace {
 constexpr auto kMedium = DateStyle::Medium, kNone = DateStyle::None, kShort = DateStyle::Short;

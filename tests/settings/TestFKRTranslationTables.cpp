@@ -89,7 +89,6 @@ TEST(TranslationTables, EveryKeyTheCodeUsesIsInBothTables)
 
 TEST(TranslationTables, BothTablesHaveTheSameFinishedKeysWithTheBlanksAndPlaceholdersTheirCallersRelyOn)
 {
-    ASSERT_GT(englisch().size(), 100);
     static const QRegularExpression printfStil(uR"(%@|%\d*\$?[sd])"_s);
     QSet<QString> nurDeutsch(deutsch().keyBegin(), deutsch().keyEnd()), nurEnglisch;
     for (const auto &[tabelle, name] : {std::pair{&deutsch(), "German"}, std::pair{&englisch(), "English"}}) {
