@@ -16,7 +16,7 @@ namespace {
 const QString kStore = QStringLiteral("VelmoraRechnungen.storedata");
 const QString kShm = QStringLiteral("VelmoraRechnungen.storedata-shm");
 const QString kWal = QStringLiteral("VelmoraRechnungen.storedata-wal");
-const QStringList kStoreNamen{kStore, kShm, kWal};
+const QStringList kStoreNamen{kStore, kShm, kWal}; // a backup round-trips in the restore command's test
 
 // Files may grow only to `bytes` while it lives: the next write beyond fails as on a full disk.
 class DateiGroessenGrenze
@@ -53,35 +53,6 @@ protected:
     }
 };
 
-TEST_F(FKRZipArchivTest, DieStoreDateienGehenUnterIhrenNamenHineinUndKommenUnveraendertZurueck)
-{
-    const QByteArray store = "SQLite format 3" + zufallsBytes(3 << 20, 1);
-    const QString quelle = ordnerMitStore(QStringLiteral("quelle"), store);
-    QList<FKRZipArchiv::Eintrag> eintraege;
-    for (const QString &name : kStoreNamen)
-        eintraege.append({quelle + QLatin1Char('/') + name, name});
-    eintraege.append({quelle + QStringLiteral("/fehlt"), QStringLiteral("fehlt")});
-    eintraege.append({quelle, QStringLiteral("ein Ordner")});
-    const QString archiv = pfad(QStringLiteral("2026-03-14 10.00.00-DataBackup.fks"));
-    QString fehler;
-    ASSERT_TRUE(FKRZipArchiv::erstelle(archiv, eintraege, &fehler)) << fehler.toStdString();
-
-    const QList<Gelesen> gelesen = liesArchiv(archiv);
-    ASSERT_EQ(namen(gelesen), kStoreNamen);
-    EXPECT_EQ(gelesen[0].inhalt, store);
-    EXPECT_EQ(gelesen[2].inhalt, "wal bytes");
-    EXPECT_TRUE(baum(wurzel.path()).keys().filter(QStringLiteral(".part")).isEmpty());
-
-    const QString ziel = ordnerMitStore(QStringLiteral("ziel"), "alter Store");
-    schreibe(ziel + QStringLiteral("/andere.txt"), "bleibt");
-    ASSERT_EQ(FKRZipArchiv::entpackeSicher(archiv, ziel, kStoreNamen, &fehler), Ergebnis::Erfolg) << fehler.toStdString();
-    const QMap<QString, QByteArray> nachher = baum(ziel);
-    EXPECT_EQ(nachher.keys(), (QStringList{QStringLiteral("/") + kStore, QStringLiteral("/") + kShm,
-                                           QStringLiteral("/") + kWal, QStringLiteral("/andere.txt")}));
-    EXPECT_EQ(nachher.value(QStringLiteral("/") + kStore), store);
-    EXPECT_EQ(nachher.value(QStringLiteral("/andere.txt")), "bleibt");
-}
-
 TEST_F(FKRZipArchivTest, EinArchivDasNichtFertigWirdHinterlaesstNichts)
 {
     const QByteArray gross = zufallsBytes(3 << 20, 2);
@@ -89,9 +60,6 @@ TEST_F(FKRZipArchivTest, EinArchivDasNichtFertigWirdHinterlaesstNichts)
     const QList<FKRZipArchiv::Eintrag> eintraege{{quelle + QLatin1Char('/') + kStore, kStore}};
 
     QString fehler;
-    EXPECT_FALSE(FKRZipArchiv::erstelle(pfad(QStringLiteral("fehlt/a.fks")), eintraege, &fehler));
-    EXPECT_FALSE(fehler.isEmpty() || QFileInfo::exists(pfad(QStringLiteral("fehlt"))));
-
     // A full disk halfway through leaves the older archive as it was.
     const QString archiv = pfad(QStringLiteral("a.fks"));
     schreibe(archiv, "das aeltere Archiv");
