@@ -13,6 +13,7 @@
 #include <QLocale>
 #include <QTimeZone>
 
+#include <algorithm>
 #include <ostream>
 
 inline void PrintTo(const QString &text, std::ostream *out) { *out << '"' << text.toStdString() << '"'; }
@@ -66,26 +67,17 @@ protected:
         r->setEmpfaenger(empfaenger);
         return r;
     }
-    FKREmpfaenger *empfaenger(const QString &firma, const QString &name)
-    {
-        auto *e = m_context.insertNewObject<FKREmpfaenger>();
-        e->setFirma(firma);
-        e->setName(name);
-        return e;
-    }
 
     QList<QDateTime> zeiten() const
     {
         QList<QDateTime> werte;
-        for (const auto &mitteilung : m_mitteilungen->geplanteMitteilungen())
-            werte << mitteilung.zeit;
+        std::ranges::transform(m_mitteilungen->geplanteMitteilungen(), std::back_inserter(werte), [](const auto &m) { return m.zeit; });
         return werte;
     }
     QStringList texte() const
     {
         QStringList werte;
-        for (const auto &mitteilung : m_mitteilungen->geplanteMitteilungen())
-            werte << mitteilung.text;
+        std::ranges::transform(m_mitteilungen->geplanteMitteilungen(), std::back_inserter(werte), [](const auto &m) { return m.text; });
         return werte;
     }
 
@@ -113,7 +105,9 @@ TEST_F(FaelligkeitsMitteilungen, JedesUnbezahlteDokumentMeldetSichUmZehnUhrAmFae
 
     // The reminder is the user's, in the user's language, whatever the document's.
     FKRUhr::halteAn(berlin(5, 12, 14));
-    FKREmpfaenger *kunde = empfaenger(u"Müller & Söhne"_s, u"Anna Berg"_s);
+    auto *kunde = m_context.insertNewObject<FKREmpfaenger>();
+    kunde->setFirma(u"Müller & Söhne"_s);
+    kunde->setName(u"Anna Berg"_s);
     const QList<FKRRechnung *> unbezahlte{dokument(berlin(5, 15, 9), u"Invoice: 7"_s, kunde, 2),
                                           dokument(berlin(5, 15, 9), std::nullopt)};
     m_mitteilungen->pruefeFaelligeRechnungen(unbezahlte);
