@@ -98,9 +98,7 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
 
 TEST(AmountsCommand, DispatcherAndFiles)
 {
-    const Lauf hilfe = starteCli({QStringLiteral("--help")});
-    EXPECT_EQ(hilfe.status, 0);
-    EXPECT_NE(hilfe.out.find("  amounts [FILE|-]"), std::string::npos) << hilfe.out;
+    EXPECT_NE(starteCli({QStringLiteral("--help")}).out.find("  amounts [FILE|-]"), std::string::npos);
     EXPECT_EQ(starteCli({QStringLiteral("rendr")}).err.rfind("velmora-cli: unknown command \"rendr\"\nUsage:", 0), 0u);
 
     QTemporaryFile datei;
