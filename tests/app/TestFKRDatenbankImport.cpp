@@ -83,15 +83,8 @@ TEST_F(DatenbankImport, WasKeineBrauchbareSicherungIstWirdAbgelehntBevorEtwasGel
     // The catalogue of unusable stores is the restore command's; one row shows the import takes it.
     import->setGrenzen(ziptest::testGrenzen());
     delegate->dataBackupsDirectory();
-    const QString boeseDatei = quelle.path() + "/boese.txt";
-    ziptest::schreibe(boeseDatei, "boese");
     QList<std::pair<std::string, std::function<QString()>>> faelle{
         {"another extension", [this] { return fremdesArchiv(QStringLiteral("sicherung.zip")); }},
-        {"an entry beside the data folder", [&] {
-             const QString archiv = quelle.path() + "/boese.fks";
-             EXPECT_TRUE(FKRZipArchiv::erstelle(archiv, {{boeseDatei, QStringLiteral("../VelmoraRechnungen.storedata")}}));
-             return archiv;
-         }},
     };
     for (const ziptest::UnbrauchbaresArchiv &fall : ziptest::unbrauchbareArchive().mid(3, 1)) {
         faelle.append({fall.was, [this, fall] {
