@@ -101,7 +101,7 @@ TEST_F(BildFeldTest, TypBreiteUndHerkunftEntscheidenUndGespeichertWerdenDieGenau
 
 TEST_F(BildFeldTest, BilderJenseitsDerGrenzenWerdenAbgelehntUndGespeicherteBenannt)
 {
-    // 40000 x 40000 pixels (only the header is read), and a file of 32 MB and a byte (not read).
+    // Too many pixels (only the header is read) or too many bytes (not read).
     const QByteArray riesig = testbilder::jpegMitKopf({40000, 40000});
     QFile vielePixel(ordner.filePath(u"riesig.jpg"_s));
     ASSERT_TRUE(vielePixel.open(QIODevice::WriteOnly) && vielePixel.write(riesig) > 0);

@@ -156,7 +156,6 @@ TEST_F(ListeTest, LoeschenFragtEinmalFuerAlleAusgewaehltenUndReturnOeffnetDenEdi
     EXPECT_FALSE(moc().hasChanges());
     EXPECT_EQ(ansicht->rechnung(), nullptr);
 
-    // Return on an unsent one opens the editor.
     klicke(0);
     taste(Qt::Key_Return);
     FKRRechnungsDetailsWindowController *editor = FKRRechnungsDetailsWindowController::aktuellesFenster();

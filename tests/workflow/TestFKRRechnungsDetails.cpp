@@ -35,7 +35,6 @@ protected:
 
 TEST_F(EditorTest, DokumentOhneEmpfaengerBekommtNeuenOderDenErstenNachFirmaUndName)
 {
-    // Created at the first change of tab, not merely by opening.
     FKRRechnung *erstes = dokument(u"Rechnung: 17"_s);
     FKRRechnungsDetailsViewController &editor = oeffne(erstes);
     EXPECT_EQ(erstes->empfaenger(), nullptr);
@@ -59,7 +58,6 @@ TEST_F(EditorTest, DokumentOhneEmpfaengerBekommtNeuenOderDenErstenNachFirmaUndNa
     FKRRechnungsDetailsViewController &zweiter = oeffne(zweites);
     klickeTab(zweiter, 1);
     EXPECT_EQ(zweites->empfaenger(), erwartet);
-    // Deleting the document's recipient gives it the next one at once.
     QTest::mouseClick(zweiter.empfaengerTab()->empfaengerLoeschenButton, Qt::LeftButton);
     EXPECT_TRUE(erwartet->isDeleted());
     ASSERT_NE(zweites->empfaenger(), nullptr);
@@ -99,7 +97,7 @@ TEST_F(EditorTest, PostenWerdenDurchgezaehltNeuerPostenBekommtAnzahlPlusEinsLoes
     EXPECT_FALSE(moc().hasChanges());
 }
 
-TEST_F(EditorTest, WeiterFuehrtDurchAlleTabsUndSchliesstAmEndeMitSichern)
+TEST_F(EditorTest, WeiterFuehrtDurchAlleTabsUndDieSpracheBenenntDieNummerUm)
 {
     baueHauptfenster();
     FKRRechnung *rechnung = dokument(u"Rechnung: 17"_s);

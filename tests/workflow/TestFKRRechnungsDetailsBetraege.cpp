@@ -16,7 +16,6 @@ namespace {
 class BetragTest : public FensterTest
 {
 protected:
-    // One item of 100 at 19 % VAT.
     FKREditorBetragTab &oeffneBetragTab()
     {
         rechnung = moc().insertNewObject<FKRRechnung>();
@@ -101,7 +100,6 @@ TEST_F(BetragTest, JedesZahlenfeldUndJedeZahlenzelleSagtWarumSieAblehnt)
 TEST_F(BetragTest, NettoBruttoWaehrungUndPostenZellenAendernDieSummeSofort)
 {
     FKREditorBetragTab &tab = oeffneBetragTab();
-    // The euro when none is stored, and nothing written.
     rechnung->setWaehrung(std::nullopt);
     editor->tabView()->setCurrentIndex(0);
     editor->tabView()->setCurrentIndex(1);

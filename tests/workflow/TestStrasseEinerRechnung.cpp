@@ -63,7 +63,6 @@ INSTANTIATE_TEST_SUITE_P(Desktops, StrasseInSprache,
 TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
 {
     const Sprache &sprache = GetParam();
-    // Ctrl+Shift+N: a new document, opened in the editor, due in two weeks.
     QTest::keyClick(fenster.get(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     auto *editorFenster = FKRRechnungsDetailsWindowController::aktuellesFenster();
     ASSERT_NE(editorFenster, nullptr);
@@ -94,7 +93,6 @@ TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
     QTest::mouseClick(editor.weiterButton(), Qt::LeftButton);
     ersetze(editor.absenderTab()->absenderTabFirmaTextField, u"Lindqvist Design"_s);
 
-    // The last tab's next button closes the editor, which saves and shows the PDF.
     schliesseMitWeiter(editorFenster);
     EXPECT_FALSE(moc().hasChanges());
     EXPECT_EQ(rechnung->empfaenger()->firma(), u"Nordlicht Verlag"_s);
@@ -103,7 +101,6 @@ TEST_P(StrasseInSprache, EineRechnungVomEntwurfBisBezahlt)
     EXPECT_EQ(ansicht->rechnung(), rechnung);
     ASSERT_TRUE(zeigtPdfMitSeiten());
 
-    // Sent: archived once, and the archive's bytes are what the document keeps.
     klicke(ansicht->rechnungVersendetButtonBox());
     EXPECT_EQ(rechnung->versandt(), true);
     ASSERT_EQ(archivDateien().size(), 1);
@@ -130,14 +127,12 @@ TEST_F(StrasseTest, EineFaelligeRechnungWirdZurMahnung)
     rechnung->setVersandt(true), rechnung->setBezahlt(false);
     delegate->saveAction();
 
-    // The due area lists it; the view offers the dunning letter.
     ASSERT_EQ(imBereich(2), QList<FKRRechnung *>{rechnung});
     fenster->listeViewController()->setSelectedObjects({rechnung});
     FKRRechnungsAnsichtViewController *ansicht = fenster->ansichtViewController();
     ASSERT_TRUE(ansicht->mahnungButtonBox()->isVisible());
     klicke(ansicht->mahnungButtonBox());
 
-    // A new draft opens in the editor.
     auto *editorFenster = FKRRechnungsDetailsWindowController::aktuellesFenster();
     ASSERT_NE(editorFenster, nullptr);
     FKRRechnung *mahnung = editorFenster->editor()->rechnung();

@@ -67,7 +67,6 @@ protected:
     }
     ~FensterTest() override
     {
-        // Open editors save on closing, which needs the delegate.
         while (auto *offen = FKRRechnungsDetailsWindowController::aktuellesFenster())
             offen->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
