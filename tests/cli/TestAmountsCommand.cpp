@@ -67,6 +67,7 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
     const std::pair<std::string, std::string> faelle[] = {
         {R"({"posten": [{"anzahl": "abc"}]})", R"("posten[0].anzahl": not a decimal number: "abc")"},
         {R"({"sprache": "2"})", R"("sprache": expected an integer)"},
+        {R"({"skontoZeitraum": 14.5})", R"("skontoZeitraum": expected an integer)"},
         {R"({"brutto": 1})", R"("brutto": expected true or false)"},
         {R"({"faelligkeitsDatum": "2026-03-01T10:00:00"})", R"("faelligkeitsDatum": expected an ISO 8601)"},
         {R"({"rechnungsSumme": "1"})", R"("rechnungsSumme": unknown key)"},
@@ -78,6 +79,7 @@ TEST(AmountsCommand, BadInputGivesOneLineNamingTheKey)
         // Hostile input: beyond any double or document, keys and values that would break the line.
         {R"({"posten": [{"anzahl": 1e999}]})", R"("posten[0].anzahl": number out of range)"},
         {R"({"rabatt": "1)" + mal("0", 200000) + R"("})", R"("rabatt": decimal number out of range: "1000)"},
+        {R"({"rabatt": "9e9999999"})", R"("rabatt": decimal number out of range: "9e9999999")"},
         {mal("[", 70000) + mal("]", 70000), R"("[0][0][0])"},
         {"{\"a\\u0085b\\u2028c\\u0000\": 1}", R"("a\u0085b\u2028c\u0000": unknown key)"},
         {R"({")" + mal("k", 100000) + R"(": 1})", "\"kkkk"},
