@@ -68,18 +68,16 @@ protected:
         return r;
     }
 
-    QList<QDateTime> zeiten() const
+    // One field of every scheduled reminder, in order.
+    template<class Wert>
+    QList<Wert> geplant(Wert FKRFaelligkeitsMitteilungen::Geplant::*feld) const
     {
-        QList<QDateTime> werte;
-        std::ranges::transform(m_mitteilungen->geplanteMitteilungen(), std::back_inserter(werte), [](const auto &m) { return m.zeit; });
+        QList<Wert> werte;
+        std::ranges::transform(m_mitteilungen->geplanteMitteilungen(), std::back_inserter(werte), feld);
         return werte;
     }
-    QStringList texte() const
-    {
-        QStringList werte;
-        std::ranges::transform(m_mitteilungen->geplanteMitteilungen(), std::back_inserter(werte), [](const auto &m) { return m.text; });
-        return werte;
-    }
+    QList<QDateTime> zeiten() const { return geplant(&FKRFaelligkeitsMitteilungen::Geplant::zeit); }
+    QStringList texte() const { return geplant(&FKRFaelligkeitsMitteilungen::Geplant::text); }
 
     ManagedObjectContext m_context;
     std::unique_ptr<FKRFaelligkeitsMitteilungen> m_mitteilungen;

@@ -2,29 +2,16 @@
 // to the item import with a document open in a stand-in editor over an in-memory context.
 // Whatever the bytes: the sender learns the outcome exactly once, a refused URL changes nothing,
 // and a stored item holds values a user could have typed, whose sums can be computed.
-#include "FKRAlertPresenter.h"
-#include "FKREmpfaenger.h"
 #include "FKRFehlenderWert.h"
 #include "FKRImportAnfrage.h"
-#include "FKROffenerEditor.h"
-#include "FKRPosten.h"
-#include "FKRRechnung.h"
 #include "FKRUrlImport.h"
 #include "FuzzUmgebung.h"
-#include "ManagedObjectContext.h"
+#include "ImportEditor.h"
+#include "SkriptPresenter.h"
 
 #include <cstdlib>
 
 namespace {
-
-class Presenter : public FKRAlertPresenter
-{
-public:
-    int zeigeAlert(const FKRAlert &) override { return kErsterKnopf; }
-    bool praesentiereFehler(const FKRAnwendungsFehler &) override { return false; }
-    QStringList waehleDateien(const QString &, const QString &, const QString &, const DateiFilter &) override { return {}; }
-    QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override { return {}; }
-};
 
 // The sums the editor shows; an item without quantity (the URL had no hours) is shown without
 // them, any other failure is a fault.
@@ -35,24 +22,6 @@ void summen(const FKRRechnung &rechnung)
     } catch (const FKRFehlenderWert &) {
     }
 }
-
-class Editor : public FKROffenerEditor, public FKREmpfaengerListe
-{
-public:
-    explicit Editor(ManagedObjectContext &moc) : m_moc(moc) {}
-    FKRRechnung *dokument = nullptr;
-    QList<FKREmpfaenger *> angeordnet;
-
-    FKRRechnung *rechnung() const override { return dokument; }
-    FKRPosten *neuerPosten() override { return m_moc.insertNewObject<FKRPosten>(); }
-    FKREmpfaengerListe *empfaengerListe() override { return this; }
-    void waehlePostenAus(FKRPosten *) override { summen(*dokument); }
-    QList<FKREmpfaenger *> angeordneteEmpfaenger() const override { return angeordnet; }
-    FKREmpfaenger *neuerEmpfaenger() override { return angeordnet.emplace_back(m_moc.insertNewObject<FKREmpfaenger>()); }
-
-private:
-    ManagedObjectContext &m_moc;
-};
 
 bool einzeilig(const QString &text)
 {
@@ -86,15 +55,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *daten, std::size_t gro
     pruefeAnfrage(text);
 
     ManagedObjectContext moc;
-    Editor editor(moc);
-    editor.dokument = moc.insertNewObject<FKRRechnung>();
-    for (int nummer : {1, 2}) {
-        auto *posten = moc.insertNewObject<FKRPosten>();
-        posten->setPostenNummer(nummer);
-        editor.dokument->addPostenObject(posten);
-    }
+    ImportEditor editor(moc);
     erwarte(moc.save());
-    Presenter presenter;
+    SkriptPresenter presenter;
     FKRUrlImport import(presenter, [&editor] { return &editor; }, [&moc] { return moc.save(); });
 
     int antworten = 0;

@@ -2,13 +2,11 @@
 #include "FKRAbsender.h"
 #include "FKRDokumentZuGross.h"
 #include "FKREmpfaenger.h"
-#include "FKRFehlenderWert.h"
 #include "FKRBildLeser.h"
 #include "FKRLocalizationHelper.h"
 #include "FKRPDFHerausgeber.h"
 #include "FKRPosten.h"
 #include "GoldenDokumente.h"
-#include "Testbilder.h"
 #include "WriterTestSupport.h"
 
 #include <QUrl>
@@ -179,56 +177,36 @@ TEST_F(LayoutTest, WordsAndNumbersFollowTheDocumentsLanguage)
     QLocale::setDefault(benutzerVorher);
 }
 
+// Texts beyond the bounds, pictures beyond them and missing values are refused at every road a
+// document is drawn by (the view, velmora-cli render); here a picture file that is too large.
 TEST_F(LayoutTest, ADocumentThatCannotBeDrawnLeavesTheOldFileInPlace)
 {
     const QString pfad = m_ordner.filePath(u"bestehend.pdf"_s);
     QFile alt(pfad);
     ASSERT_TRUE(alt.open(QIODevice::WriteOnly) && alt.write("old content") > 0);
     alt.close();
-    using Art = FKRDokumentZuGross::Art;
-    const struct
-    {
-        std::function<void(FKRRechnung &)> aendere;
-        std::optional<Art> art; // none: a value is missing
-    } faelle[] = {
-        {[](FKRRechnung &r) { r.posten().first()->setEinzelbetrag(std::nullopt); }, std::nullopt},
-        {[](FKRRechnung &r) { r.setRechnungsText(QString(FKRDokumentZuGross::kMaxZeichen + 1, u'x')); }, Art::Text},
-        {[&](FKRRechnung &r) {
-             r.setAbsender(m_context.insertNewObject<FKRAbsender>());
-             r.absender()->setUnterschriftImageBinary(testbilder::jpegMitKopf({40000, 40000}));
-         },
-         Art::Bild},
-        {[&](FKRRechnung &r) {
-             QFile gross(m_ordner.filePath(u"gross.png"_s));
-             ASSERT_TRUE(gross.open(QIODevice::WriteOnly) && gross.resize(FKRBildLeser::kMaxBytes + 1));
-             r.setAbsender(m_context.insertNewObject<FKRAbsender>());
-             r.absender()->setUnterschriftImagePath(QUrl::fromLocalFile(gross.fileName()).toString());
-         },
-         Art::Bild},
-    };
-    for (const auto &fall : faelle) {
-        FKRRechnung &r = rechnung();
-        posten(r, 1, "1", "10", u"Beratung"_s);
-        fall.aendere(r);
-        try {
-            FKRPDFLayout::fuerRechnung(r).erstellePDFDateiImPfad(pfad, r);
-            ADD_FAILURE() << "written";
-        } catch (const FKRDokumentZuGross &fehler) {
-            EXPECT_EQ(std::optional(fehler.art()), fall.art) << fehler.what();
-        } catch (const FKRFehlenderWert &) {
-            EXPECT_FALSE(fall.art);
-        }
-        ASSERT_TRUE(alt.open(QIODevice::ReadOnly));
-        EXPECT_EQ(alt.readAll(), QByteArray("old content"));
-        alt.close();
+    QFile gross(m_ordner.filePath(u"gross.png"_s));
+    ASSERT_TRUE(gross.open(QIODevice::WriteOnly) && gross.resize(FKRBildLeser::kMaxBytes + 1));
+    FKRRechnung &r = rechnung();
+    posten(r, 1, "1", "10", u"Beratung"_s);
+    r.setAbsender(m_context.insertNewObject<FKRAbsender>());
+    r.absender()->setUnterschriftImagePath(QUrl::fromLocalFile(gross.fileName()).toString());
+    try {
+        FKRPDFLayout::fuerRechnung(r).erstellePDFDateiImPfad(pfad, r);
+        ADD_FAILURE() << "written";
+    } catch (const FKRDokumentZuGross &fehler) {
+        EXPECT_EQ(fehler.art(), FKRDokumentZuGross::Art::Bild) << fehler.what();
     }
+    ASSERT_TRUE(alt.open(QIODevice::ReadOnly));
+    EXPECT_EQ(alt.readAll(), QByteArray("old content"));
+
     // The shared layout is ready for the next document; without a number or a sender's name the
     // program's title and its publisher stand in.
-    FKRRechnung &r = rechnung();
-    r.setRechnungsNummer(u" "_s);
-    r.setAbsender(m_context.insertNewObject<FKRAbsender>());
-    r.absender()->setName(u"  "_s);
-    const QMap<QString, QString> info = rendere(&r).info();
+    FKRRechnung &leer = rechnung();
+    leer.setRechnungsNummer(u" "_s);
+    leer.setAbsender(m_context.insertNewObject<FKRAbsender>());
+    leer.absender()->setName(u"  "_s);
+    const QMap<QString, QString> info = rendere(&leer).info();
     EXPECT_EQ(info.value(u"Title"_s), QString::fromUtf8(FKRPDFHerausgeber::kTitel));
     EXPECT_EQ(info.value(u"Author"_s), QString::fromUtf8(FKRPDFHerausgeber::kWebAdresse));
     EXPECT_EQ(info.value(u"Creator"_s), QString::fromUtf8(FKRPDFHerausgeber::kFirma));
@@ -316,7 +294,7 @@ TEST_F(LayoutTest, LongDocumentsAreNumberedBreakAtTheLayoutsLimitAndCarryTheLett
 TEST_F(LayoutTest, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
 {
     // From the left margin to 0.5 cm before the column or to the right margin, from 1.5 cm to 4.5 cm;
-    // right-aligned at its top, in its own proportions, never enlarged, shrunk only as far as needed.
+    // right-aligned at its top. Proportions and enlarging are the page writer's, tested with it.
     const QSize logos[] = {{400, 120}, {1000, 50}, {60, 30}}; // too tall, too wide, small
     for (const bool letter : {false, true}) {
         QBBenutzerEinstellungen::sharedInstance()->setPdfDocumentSizeIsLetter(letter);
@@ -343,11 +321,8 @@ TEST_F(LayoutTest, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
                 EXPECT_NEAR(box.right(), raum.right(), 1);
                 EXPECT_NEAR(box.top(), raum.top(), 1);
                 EXPECT_LE(box.bottom(), raum.bottom() + 1);
-                const double massstab = std::max(box.width() / logo.width(), box.height() / logo.height());
-                EXPECT_NEAR(box.width() * logo.height(), box.height() * logo.width(),
-                            1.5 * std::max(logo.width(), logo.height()));
-                EXPECT_LE(massstab, 1.0 + 1.0 / logo.width());
-                EXPECT_TRUE(massstab > 0.99 || std::abs(box.left() - raum.left()) < 1
+                // Shrunk only as far as needed: it reaches the space's left or bottom edge unless whole.
+                EXPECT_TRUE(std::abs(box.width() - logo.width()) < 1 || std::abs(box.left() - raum.left()) < 1
                             || std::abs(box.bottom() - raum.bottom()) < 1);
             }
         }

@@ -81,10 +81,15 @@ TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
         int faelligInTagen;
         std::optional<QDateTime> bezahltAm;
         QString aktionen;
+        int art = 3;
     } faelle[] = {
         {"draft", false, false, 14, {}, u"duplizieren sichern drucken versendet!"_s},
+        {"draft due", false, false, -1, {}, u"duplizieren sichern drucken versendet!"_s},
         {"sent", true, false, 14, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s},
+        // Dunning letters are for due invoices and fee notes only.
         {"due today", true, false, 0, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s},
+        {"fee note due", true, false, -1, {}, u"duplizieren mahnung! sichern drucken versendet✓ bezahlt!"_s, 4},
+        {"quote due", true, false, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt!"_s, 2},
         {"paid", true, true, -1, eingang, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt datum"_s},
         {"paid without a date", true, true, -1, {}, u"duplizieren sichern drucken versendet✓ bezahlt✓ unbezahlt"_s},
     };
@@ -96,6 +101,7 @@ TEST_F(AnsichtTest, AktionenUndFarbenFolgenDemZustand)
         r->setBezahlt(fall.bezahlt);
         r->setFaelligkeitsDatum(kJetzt.addDays(fall.faelligInTagen));
         r->setBezahltDatum(fall.bezahltAm);
+        r->setDokumentArt(Decimal(fall.art));
         ansicht->aktualisiereAnsicht();
         EXPECT_EQ(aktionen(), fall.aktionen);
         if (fall.aktionen.endsWith(u"datum"_s))

@@ -138,28 +138,4 @@ TEST_F(KopienTest, MahnungErinnertAnDieRechnungInIhrerSprache)
     }
 }
 
-TEST_F(KopienTest, MahnungNurFuerVersandteUnbezahlteFaelligeRechnungenUndHonorarnoten)
-{
-    const struct {
-        const char *fall;
-        int art;
-        bool versandt, bezahlt;
-        int faelligInTagen;
-        bool angeboten;
-    } faelle[] = {
-        {"due invoice", 3, true, false, -1, true},     {"fee note due today", 4, true, false, 0, true},
-        {"draft", 3, false, false, -1, false},         {"not yet due", 3, true, false, 1, false},
-        {"paid", 3, true, true, -1, false},            {"quote", 2, true, false, -1, false},
-    };
-    for (const auto &fall : faelle) {
-        SCOPED_TRACE(fall.fall);
-        auto *r = quelle(1, QString::fromLatin1(fall.fall), fall.art);
-        r->setVersandt(fall.versandt);
-        r->setBezahlt(fall.bezahlt);
-        r->setFaelligkeitsDatum(kJetzt.addDays(fall.faelligInTagen));
-        ansicht->aktualisiereAnsicht();
-        EXPECT_EQ(ansicht->mahnungButtonBox()->isVisibleTo(ansicht), fall.angeboten);
-    }
-}
-
 } // namespace
