@@ -14,16 +14,12 @@ class SkriptPresenter : public FKRAlertPresenter
 public:
     QList<FKRAlert> alerts;
     QList<FKRAnwendungsFehler> fehler;
-    QStringList panelOrdner;
-    QList<DateiFilter> panelFilter;
 
     // Answers in order; an alert without a scripted answer gets the first button.
     QList<int> antworten;
     QList<bool> fehlerGeloest;
     QList<QStringList> panelAntworten;
-    // Save panels: what was proposed (folder, name, file type), and the scripted answers.
-    QStringList speicherVorschlaege;
-    QStringList speicherAntworten;
+    QStringList speicherAntworten; // save panels' answers
 
     int zeigeAlert(const FKRAlert &alert) override
     {
@@ -37,18 +33,13 @@ public:
         return fehlerGeloest.isEmpty() ? false : fehlerGeloest.takeFirst();
     }
 
-    QStringList waehleDateien(const QString &startOrdner, const QString &, const QString &,
-                              const DateiFilter &filter) override
+    QStringList waehleDateien(const QString &, const QString &, const QString &, const DateiFilter &) override
     {
-        panelOrdner.append(startOrdner);
-        panelFilter.append(filter);
         return panelAntworten.isEmpty() ? QStringList() : panelAntworten.takeFirst();
     }
 
-    QString waehleSpeicherOrt(const QString &startOrdner, const QString &vorschlag, const QString &,
-                              const QString &dateiTyp) override
+    QString waehleSpeicherOrt(const QString &, const QString &, const QString &, const QString &) override
     {
-        speicherVorschlaege.append(startOrdner + QLatin1Char('/') + vorschlag + QLatin1Char('|') + dateiTyp);
         return speicherAntworten.isEmpty() ? QString() : speicherAntworten.takeFirst();
     }
 

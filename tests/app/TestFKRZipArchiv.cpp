@@ -53,24 +53,6 @@ protected:
     }
 };
 
-TEST_F(FKRZipArchivTest, EinArchivDasNichtFertigWirdHinterlaesstNichts)
-{
-    const QByteArray gross = zufallsBytes(3 << 20, 2);
-    const QString quelle = ordnerMitStore(QStringLiteral("quelle"), gross);
-    const QList<FKRZipArchiv::Eintrag> eintraege{{quelle + QLatin1Char('/') + kStore, kStore}};
-
-    QString fehler;
-    // A full disk halfway through leaves the older archive as it was.
-    const QString archiv = pfad(QStringLiteral("a.fks"));
-    schreibe(archiv, "das aeltere Archiv");
-    const QMap<QString, QByteArray> vorher = baum(wurzel.path());
-    {
-        const DateiGroessenGrenze grenze(1 << 20);
-        EXPECT_FALSE(FKRZipArchiv::erstelle(archiv, eintraege, &fehler));
-    }
-    EXPECT_EQ(unterschiede(vorher, baum(wurzel.path())), "");
-}
-
 TEST_F(FKRZipArchivTest, UnsichereOderBeschaedigteArchiveWerdenAbgelehntOhneEtwasZuSchreiben)
 {
     const QString ziel = ordnerMitStore(QStringLiteral("daten/Velmora-Rechnungen"), "der Store von vorher");

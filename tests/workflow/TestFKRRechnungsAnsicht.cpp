@@ -22,11 +22,7 @@ const QColor kErledigt(0, 0, 0, 102);
 class AnsichtTest : public FensterTest
 {
 protected:
-    void SetUp() override
-    {
-        FKRUhr::halteAn(kJetzt);
-        baueHauptfenster();
-    }
+    void SetUp() override { FKRUhr::halteAn(kJetzt), baueHauptfenster(); }
 
     FKRRechnung *dokument(const QString &nummer, int anzahlPosten = 1)
     {

@@ -17,11 +17,7 @@ const QDateTime kRechnungsDatum(QDate(2026, 2, 1), QTime(8, 0));
 class KopienTest : public FensterTest
 {
 protected:
-    void SetUp() override
-    {
-        FKRUhr::halteAn(kJetzt);
-        baueHauptfenster();
-    }
+    void SetUp() override { FKRUhr::halteAn(kJetzt), baueHauptfenster(); }
 
     FKRRechnung *quelle(qint64 sprache, const QString &nummer, int art = 3)
     {
