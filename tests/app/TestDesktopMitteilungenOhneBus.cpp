@@ -14,22 +14,14 @@
 
 namespace {
 
-// No bus address, no X display to start one through, no per-user bus socket.
-class OhneBus : public ::testing::Environment
-{
-public:
-    void SetUp() override
-    {
-        for (const char *name : {"DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR"})
-            unsetenv(name);
-    }
-};
-::testing::Environment *const ohneBus = ::testing::AddGlobalTestEnvironment(new OhneBus);
+// No bus address, no X display to start one through, no per-user bus socket: gone before main.
+[[maybe_unused]] const bool ohneBus = [] {
+    for (const char *name : {"DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR"})
+        unsetenv(name);
+    return true;
+}();
 
-QDateTime berlin(int tag, int stunde)
-{
-    return QDateTime(QDate(2026, 5, tag), QTime(stunde, 0), QTimeZone("Europe/Berlin"));
-}
+QDateTime berlin(int tag, int stunde) { return QDateTime(QDate(2026, 5, tag), QTime(stunde, 0), QTimeZone("Europe/Berlin")); }
 
 TEST(MitteilungenOhneBus, EineZeileImLogUndDerPlanBleibt)
 {
