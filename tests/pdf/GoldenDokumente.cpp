@@ -171,7 +171,14 @@ QList<GoldenDokumente::Dokument> GoldenDokumente::alle()
                 {{{0, 0, 298, 34}, 0x2e6b4f}, {{200, 44, 80, 26}, 0xd9e8de}, {{20, 392, 258, 1}, 0x2e6b4f},
                  {{20, 398, 70, 10}, 0xb0c8b8}, {{110, 398, 70, 10}, 0xb0c8b8}, {{200, 398, 70, 10}, 0xb0c8b8}}));
             r->absender()->setGeschaeftspapierDrucken(true);
-            dreiPosten(c, r, false);
+            // On every page, which the items run to.
+            for (int i = 1; i <= 40; ++i)
+                posten(c, r, i, u"Pflege der Seite %1"_s.arg(i), std::nullopt, "1", "45");
+        }),
+        // The header bar breaks at its own height, on Letter.
+        eintrag(u"kopfleiste-lange-postenliste-letter-de"_s, 3, u"Rechnung RE-2024-021"_s, [](C &c, FKRRechnung *r) {
+            for (int i = 1; i <= 40; ++i)
+                posten(c, r, i, u"Übersetzung Kapitel %1"_s.arg(i), std::nullopt, "3", "38");
         }),
         eintrag(u"kopfleiste-chf-a4-de"_s, 3, u"Rechnung CH-2024-005"_s, [](C &c, FKRRechnung *r) {
             r->setWaehrung(u"CHF"_s);

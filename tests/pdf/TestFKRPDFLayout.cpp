@@ -259,38 +259,6 @@ TEST_F(LayoutTest, OnlyWhatTheSenderHasIsPrintedAndALetterheadReplacesItAll)
     }
 }
 
-TEST_F(LayoutTest, LongDocumentsAreNumberedBreakAtTheLayoutsLimitAndCarryTheLetterhead)
-{
-    // Rows stop 4 cm above the bottom edge, in the footer bar 0.5 cm above its bar (3 cm), and go
-    // on at 5 cm without the column titles; the sidebar repeats nothing of its column.
-    for (const int layout : {1, 2, 3}) {
-        SCOPED_TRACE(testing::Message() << "layout " << layout);
-        FKRRechnung *r = dokument(layout, 40);
-        r->absender()->setGeschaeftspapierImageBinary(png({40, 40}, Qt::blue));
-        r->absender()->setGeschaeftspapierDrucken(layout == 3);
-        const PdfPruefung pdf = rendere(r);
-        ASSERT_GE(pdf.seitenAnzahl(), 2);
-        const double kcm = 841.89 / 29.7, grenze = 841.89 - (layout == 3 ? 3.5 : 4) * kcm;
-        const double versatz = pdf.finde(1, u"Rechnung: 2026-042"_s).value_or(QRectF()).top() - 9.5 * kcm;
-        double tiefste = 0, hoechste = 841.89;
-        for (int seite = 1; seite <= pdf.seitenAnzahl(); ++seite) {
-            for (const PdfPruefung::Wort &wort : pdf.woerter(seite))
-                if (wort.text.startsWith(u"Posten"_s) && seite <= 2)
-                    seite == 1 ? tiefste = std::max(tiefste, wort.box.bottom())
-                               : hoechste = std::min(hoechste, wort.box.top());
-            EXPECT_EQ(pdf.text(seite).count(u"Seite %1"_s.arg(seite)), 1) << seite;
-            const QImage bild = pdf.bild(seite, 36);
-            EXPECT_EQ(PdfPruefung::flaeche(bild, 36, Qt::blue, 40).isValid(), layout == 3) << seite;
-            EXPECT_FALSE(PdfPruefung::flaeche(bild, 36, Qt::red, 40).isValid()) << "the letterhead replaces the logo";
-        }
-        EXPECT_LT(tiefste, grenze);
-        EXPECT_GT(tiefste, grenze - 1.5 * kcm);
-        EXPECT_NEAR(hoechste - versatz, 5.1 * kcm, 0.5);
-        EXPECT_FALSE(pdf.finde(2, u"Beschreibung"_s));
-        pruefeText(pdf.fliesstext(), {}, {u"Lindenallee"_s, u"DE123456789"_s}); // nor the sender's details
-    }
-}
-
 TEST_F(LayoutTest, ALogoIsFittedIntoTheFreeSpaceAndCoversNoText)
 {
     // From the left margin to 0.5 cm before the column or to the right margin, from 1.5 cm to 4.5 cm;
