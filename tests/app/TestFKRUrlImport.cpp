@@ -13,10 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-Decimal dec(const char *text)
-{
-    return *Decimal::parse(text);
-}
+Decimal dec(const char *text) { return *Decimal::parse(text); }
 
 class UrlImport : public ::testing::Test
 {
