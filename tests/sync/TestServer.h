@@ -1,0 +1,33 @@
+#pragma once
+
+// The throwaway server of a test run (tests/sync runs under pg_virtualenv, which exports PGHOST,
+// PGPORT, PGUSER and PGPASSWORD of a fresh cluster) and users on it, none of them superuser:
+// row-level security applies to them as to any user of a shared server.
+
+#include "RecordDatabase.h"
+#include "PostgresConnection.h"
+
+#include <gtest/gtest.h>
+
+namespace testserver {
+
+// A login role `name` (password = name) that may make the sync tables; its connection string.
+inline QByteArray nutzer(const QByteArray &name)
+{
+    PostgresConnection admin("");
+    QString fehler;
+    EXPECT_TRUE(admin.connect(&fehler)) << fehler.toStdString() << " (run under pg_virtualenv)";
+    if (!admin.exec("SELECT 1 FROM pg_roles WHERE rolname = $1", {PostgresConnection::Parameter{name}}).rows()) {
+        admin.exec(QByteArray("CREATE ROLE " + name + " LOGIN PASSWORD '" + name + "'").constData());
+        admin.exec(QByteArray("GRANT CREATE ON SCHEMA public TO " + name).constData());
+    }
+    return "user=" + name + " password=" + name;
+}
+
+inline void leereZone(RecordDatabase &db, const RecordZoneID &zone)
+{
+    db.deleteZone(zone);
+    ASSERT_FALSE(db.saveZone(zone)) << "cannot make the zone";
+}
+
+} // namespace testserver
