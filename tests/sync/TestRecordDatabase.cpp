@@ -13,19 +13,8 @@
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-const RecordZoneID kZone{u"com.velmora.test.zone"_s};
-
-Record knoten(const QString &pfad, qint64 groesse = 0, const QByteArray &daten = {})
-{
-    Record record(u"CDEFileSystemNode"_s, u"CDEFileSystemNode_"_s + pfad);
-    record.set(u"path"_s, pfad);
-    record.set(u"isDirectory"_s, qint64(groesse == 0));
-    record.set(u"directory"_s, RecordReference{u"CDEFileSystemNode_/"_s});
-    if (groesse > 0)
-        record.set(u"fileSize"_s, groesse), record.set(u"data"_s, RecordAsset{daten});
-    return record;
-}
+using testserver::kZone;
+using testserver::knoten;
 
 QStringList namen(const QList<Record> &records)
 {

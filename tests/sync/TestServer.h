@@ -11,6 +11,23 @@
 
 namespace testserver {
 
+using namespace Qt::Literals::StringLiterals;
+
+const RecordZoneID kZone{u"com.velmora.test.zone"_s};
+
+// A node of the file tree as the cloud file system stores it: a directory without a size, a file
+// with its size and bytes.
+inline Record knoten(const QString &pfad, qint64 groesse = 0, const QByteArray &daten = {})
+{
+    Record record(u"CDEFileSystemNode"_s, u"CDEFileSystemNode_"_s + pfad);
+    record.set(u"path"_s, pfad);
+    record.set(u"isDirectory"_s, qint64(groesse == 0));
+    record.set(u"directory"_s, RecordReference{u"CDEFileSystemNode_/"_s});
+    if (groesse > 0)
+        record.set(u"fileSize"_s, groesse), record.set(u"data"_s, RecordAsset{daten});
+    return record;
+}
+
 // A login role `name` (password = name) that may make the sync tables; its connection string.
 inline QByteArray nutzer(const QByteArray &name)
 {
