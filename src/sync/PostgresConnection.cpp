@@ -44,8 +44,9 @@ bool PostgresConnection::connect(QString *error)
         return true;
     disconnect();
     // A server that does not answer must not hang the program: five seconds, then an error.
-    const char *const namen[] = {"dbname", "connect_timeout", "application_name", "client_encoding", nullptr};
-    const char *const werte[] = {m_uri.constData(), "5", "velmora", "UTF8", nullptr};
+    // The URI comes last, so that what it says wins over these defaults.
+    const char *const namen[] = {"connect_timeout", "application_name", "client_encoding", "dbname", nullptr};
+    const char *const werte[] = {"5", "velmora", "UTF8", m_uri.constData(), nullptr};
     m_conn = PQconnectdbParams(namen, werte, 1);
     if (PQstatus(m_conn) == CONNECTION_OK)
         return true;

@@ -24,11 +24,19 @@ public:
     };
 
     static constexpr const char *kDomain = "VelmoraRecordDatabase";
+    // Errors of the cloud file system itself rather than of the server.
+    static constexpr const char *kSyncDomain = "VelmoraSync";
+    enum SyncCode { UnknownDirectory = 108, NoConnection = 1002 };
 
     RecordError() = default;
-    RecordError(int code, QString message) : m_code(code), m_message(std::move(message)) {}
+    RecordError(int code, QString message, QString domain = QString::fromLatin1(kDomain))
+        : m_domain(std::move(domain)), m_code(code), m_message(std::move(message))
+    {
+    }
     static RecordError partial(QMap<QString, RecordError> items);
+    static RecordError sync(int code, QString message) { return RecordError(code, std::move(message), QString::fromLatin1(kSyncDomain)); }
 
+    const QString &domain() const { return m_domain; }
     int code() const { return m_code; }
     const QString &message() const { return m_message; }
     const QMap<QString, RecordError> &itemErrors() const { return m_items; }
@@ -38,6 +46,7 @@ public:
     bool onlyIncludesErrorCode(int code) const;
 
 private:
+    QString m_domain = QString::fromLatin1(kDomain);
     int m_code = InternalError;
     QString m_message;
     QMap<QString, RecordError> m_items;
