@@ -5,6 +5,7 @@
 #include "HelpCommand.h"
 #include "RenderCommand.h"
 #include "RestoreCommand.h"
+#include "SyncServerCommand.h"
 
 #include <algorithm>
 #include <exception>
@@ -17,6 +18,7 @@ VelmoraCli::VelmoraCli()
     m_commands.push_back(std::make_unique<RenderCommand>());
     m_commands.push_back(std::make_unique<BackupCommand>());
     m_commands.push_back(std::make_unique<RestoreCommand>());
+    m_commands.push_back(std::make_unique<SyncServerCommand>());
     m_commands.push_back(std::make_unique<HelpCommand>(*this));
 }
 

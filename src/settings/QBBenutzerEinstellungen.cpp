@@ -37,6 +37,7 @@ constexpr char appVersion[] = "appVersion";
 constexpr char dokumentenNummerSequence[] = "dokumentenNummerSequence";
 constexpr char daysToDisplayInNotificationCenter[] = "daysToDisplayInNotificationCenter";
 constexpr char mahnungZahlungsfristTage[] = "mahnungZahlungsfristTage";
+constexpr char syncServerAdresse[] = "syncServerAdresse";
 } // namespace Key
 
 // First-start values that are not false or zero.
@@ -182,6 +183,7 @@ void QBBenutzerEinstellungen::erstelleBenutzerEinstellungen()
     schreibeZahl(store, Key::dokumentenNummerSequence, 0);
     schreibeZahl(store, Key::daysToDisplayInNotificationCenter, kStandardTageInMitteilungen);
     schreibeZahl(store, Key::mahnungZahlungsfristTage, kStandardZahlungsfristTage);
+    store.setValue(Key::syncServerAdresse, QString());
     store.sync();
 }
 
@@ -216,6 +218,7 @@ void QBBenutzerEinstellungen::ladeBenutzerEinstellungen()
     setDaysToDisplayInNotificationCenter(
         leseZahl(store, Key::daysToDisplayInNotificationCenter, kStandardTageInMitteilungen));
     setMahnungZahlungsfristTage(leseTage(store, Key::mahnungZahlungsfristTage, kStandardZahlungsfristTage));
+    setSyncServerAdresse(leseText(store, Key::syncServerAdresse, QString()));
 }
 
 void QBBenutzerEinstellungen::sichereBenutzerEinstellungen()
@@ -244,6 +247,7 @@ void QBBenutzerEinstellungen::sichereBenutzerEinstellungen()
     schreibeZahl(store, Key::daysToDisplayInNotificationCenter, m_daysToDisplayInNotificationCenter);
     schreibeZahl(store, Key::dokumentenNummerSequence, m_dokumentenNummerSequence);
     schreibeZahl(store, Key::mahnungZahlungsfristTage, m_mahnungZahlungsfristTage);
+    store.setValue(Key::syncServerAdresse, m_syncServerAdresse);
     store.sync();
 }
 
@@ -399,4 +403,10 @@ void QBBenutzerEinstellungen::setMahnungZahlungsfristTage(int value)
 {
     if (uebernimm(m_mahnungZahlungsfristTage, std::clamp(value, kMinZahlungsfristTage, kMaxZahlungsfristTage)))
         Q_EMIT mahnungZahlungsfristTageChanged(m_mahnungZahlungsfristTage);
+}
+
+void QBBenutzerEinstellungen::setSyncServerAdresse(const QString &value)
+{
+    if (uebernimm(m_syncServerAdresse, value))
+        Q_EMIT syncServerAdresseChanged(value);
 }

@@ -77,6 +77,10 @@ class QBBenutzerEinstellungen : public QObject
     // within kMinZahlungsfristTage..kMaxZahlungsfristTage, kStandardZahlungsfristTage at first.
     Q_PROPERTY(int mahnungZahlungsfristTage READ mahnungZahlungsfristTage
                WRITE setMahnungZahlungsfristTage NOTIFY mahnungZahlungsfristTageChanged)
+    // The sync server as a libpq connection string, never with a password (that is in libpq's
+    // password file); empty: none chosen.
+    Q_PROPERTY(QString syncServerAdresse READ syncServerAdresse
+               WRITE setSyncServerAdresse NOTIFY syncServerAdresseChanged)
     // The negated view of seperatorComma; not a key of its own.
     Q_PROPERTY(bool seperatorSemikolon READ seperatorSemikolon
                WRITE setSeperatorSemikolon NOTIFY seperatorSemikolonChanged STORED false)
@@ -136,6 +140,7 @@ public:
     Decimal dokumentenNummerSequence() const { return m_dokumentenNummerSequence; }
     Decimal daysToDisplayInNotificationCenter() const { return m_daysToDisplayInNotificationCenter; }
     int mahnungZahlungsfristTage() const { return m_mahnungZahlungsfristTage; }
+    QString syncServerAdresse() const { return m_syncServerAdresse; }
     bool seperatorSemikolon() const { return !m_seperatorComma; }
 
 public Q_SLOTS:
@@ -163,6 +168,7 @@ public Q_SLOTS:
     void setDaysToDisplayInNotificationCenter(const Decimal &value);
     // A value outside the bounds is taken as the nearest bound.
     void setMahnungZahlungsfristTage(int value);
+    void setSyncServerAdresse(const QString &value);
     // Stores the negation in seperatorComma and saves at once.
     void setSeperatorSemikolon(bool value);
 
@@ -190,6 +196,7 @@ Q_SIGNALS:
     void dokumentenNummerSequenceChanged(const Decimal &value);
     void daysToDisplayInNotificationCenterChanged(const Decimal &value);
     void mahnungZahlungsfristTageChanged(int value);
+    void syncServerAdresseChanged(const QString &value);
     // Emitted together with seperatorCommaChanged.
     void seperatorSemikolonChanged(bool value);
 
@@ -222,4 +229,5 @@ private:
     Decimal m_dokumentenNummerSequence;
     Decimal m_daysToDisplayInNotificationCenter = 5;
     int m_mahnungZahlungsfristTage = kStandardZahlungsfristTage;
+    QString m_syncServerAdresse;
 };

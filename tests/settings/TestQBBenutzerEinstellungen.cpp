@@ -62,7 +62,8 @@ TEST_F(QBBenutzerEinstellungenTest, FirstStartWritesEveryDefaultUnderItsExactKey
         {"pdfExportNotes", "false"}, {"pdfExportLayout", "0"}, {"pdfDocumentSizeIsLetter", "false"},
         {"backgroundColor", "0"}, {"backgroundColorRechnungen", "43"}, {"startHelperAtLogin", "false"},
         {"rechnungsNummernMigriert", "false"}, {"anzahlAppStarts", "0"}, {"appVersion", "1.3"},
-        {"dokumentenNummerSequence", "0"}, {"daysToDisplayInNotificationCenter", "5"}, {"mahnungZahlungsfristTage", "14"}};
+        {"dokumentenNummerSequence", "0"}, {"daysToDisplayInNotificationCenter", "5"}, {"mahnungZahlungsfristTage", "14"},
+        {"syncServerAdresse", ""}};
     EXPECT_EQ(aufPlatte(), expected);
 }
 
@@ -140,7 +141,7 @@ TEST_F(QBBenutzerEinstellungenTest, SaveRoundTripsEveryStoredPropertyExactly)
         ASSERT_TRUE(property.write(written.get(), value)) << property.name();
         values[property.name()] = wert(*written, property.name());
     }
-    EXPECT_EQ(values.size(), 23u);
+    EXPECT_EQ(values.size(), 24u);
     written->sichereBenutzerEinstellungen();
     const auto read = laden();
     for (const auto &[name, value] : values)
