@@ -349,14 +349,19 @@ RecordResult<RecordZoneChanges> RecordDatabase::fetchZoneChanges(const RecordZon
                             : m_connection->exec(sql.constData(), {z, P::number(wert)});
         };
         struct Zeile {
-            QString name;
+            Record record;
             bool geloescht;
             qint64 seq;
         };
-        const auto zeilenVon = [](const PostgresConnection::Result &r, int bis) {
+        const auto zeilenVon = [&](const PostgresConnection::Result &r, int bis) {
             QList<Zeile> liste;
-            for (int i = 0; i < std::min(bis, r.rows()); ++i)
-                liste.append({r.text(i, 0), r.text(i, 4) == u"t", r.number(i, 3)});
+            for (int i = 0; i < std::min(bis, r.rows()); ++i) {
+                Zeile zeile{Record(r.text(i, 1), r.text(i, 0)), r.text(i, 4) == u"t", r.number(i, 3)};
+                zeile.record.setChangeTag(QString::number(zeile.seq));
+                if (!zeile.geloescht)
+                    RecordFields::addFromJson(zeile.record, r.text(i, 2).toUtf8(), desiredKeys);
+                liste.append(zeile);
+            }
             return liste;
         };
         const auto erste = feed(">", ab, true);
@@ -374,10 +379,25 @@ RecordResult<RecordZoneChanges> RecordDatabase::fetchZoneChanges(const RecordZon
             changes.token.counter = letzte;
             changes.moreComing = true;
         }
-        QStringList namen;
-        for (const Zeile &zeile : std::as_const(seite))
-            (zeile.geloescht ? changes.deleted : namen).append(zeile.name);
-        changes.changed = readRecords(zone, namen, desiredKeys, true);
+        // The page's assets in one query: those of the records changed after `ab` up to the new
+        // token, of the wanted fields only.
+        QMap<QString, qsizetype> stelle;
+        for (const Zeile &zeile : std::as_const(seite)) {
+            if (zeile.geloescht) {
+                changes.deleted.append(zeile.record.name());
+            } else {
+                stelle.insert(zeile.record.name(), changes.changed.size());
+                changes.changed.append(zeile.record);
+            }
+        }
+        const auto assets = m_connection->exec(
+            "SELECT a.record_name, a.field, a.bytes FROM velmora_asset a JOIN velmora_record r USING (owner, zone_name, record_name)"
+            " WHERE r.owner = current_user AND r.zone_name = $1 AND r.change_tag > $2 AND r.change_tag <= $3"
+            " AND ($4 = '' OR a.field = ANY (string_to_array($4, E'\\n')))",
+            {z, P::number(ab), P::number(changes.token.counter), P::text(desiredKeys.join(u'\n'))}, true);
+        for (int i = 0; i < assets.rows(); ++i)
+            if (const auto it = stelle.constFind(assets.text(i, 0)); it != stelle.cend())
+                changes.changed[*it].set(assets.text(i, 1), RecordAsset{assets.bytes(i, 2)});
         m_connection->exec("COMMIT");
         return ergebnis;
     });

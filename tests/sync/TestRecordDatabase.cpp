@@ -112,6 +112,11 @@ TEST_F(RecordDatabaseTest, TheFeedPagesByWholeSavesRestartsFromItsTokenAndEndsWi
     ASSERT_FALSE(db.saveRecords(kZone, {knoten(u"/danach"_s)}).error);
     EXPECT_EQ(namen(alleSeiten(db, token, 3).changed), QStringList{u"CDEFileSystemNode_/danach"_s});
     ASSERT_TRUE(RecordChangeToken::fromBytes(token->toBytes()) == token);
+    // Assets come with the feed when asked for, and only the fields asked for.
+    ASSERT_FALSE(db.saveRecords(kZone, {knoten(u"/mit-daten"_s, 3, "abc")}).error);
+    const auto mitDaten = db.fetchZoneChanges(kZone, token, {u"data"_s});
+    ASSERT_EQ(mitDaten.value.changed.size(), 1);
+    EXPECT_EQ(mitDaten.value.changed.first().fields(), (QMap<QString, RecordValue>{{u"data"_s, RecordAsset{"abc"}}}));
 
     // The zone made anew: the old token is void.
     testserver::leereZone(db, kZone);
