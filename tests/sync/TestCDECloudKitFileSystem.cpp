@@ -7,6 +7,7 @@
 #include "harness/Prozesse.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QTemporaryDir>
 
 namespace {
@@ -149,6 +150,32 @@ TEST_F(FileSystemTest, TheCacheSurvivesARestartAndIsMadeAnewWhenItsFileOrTokenIs
     ASSERT_FALSE(db.saveRecords(zone, QList<Record>{a->schema().createRootRecord()} + a->schema().fileRecords(u"/neu"_s, "n")).error);
     ASSERT_FALSE(fertig([&](auto c) { a->primeForActivityWithCompletion(c); }));
     EXPECT_EQ(liste(*a, u"/"_s), QStringList{u"neu:1"_s});
+}
+
+// The server restarts while a batch of large files goes up: afterwards every file another machine
+// lists is whole, and the batch can simply be sent again.
+TEST_F(FileSystemTest, AServerRestartDuringAnUploadNeverLeavesHalfAFile)
+{
+    auto a = maschine(u"a"_s), b = maschine(u"b"_s);
+    QStringList dateien, pfade;
+    for (int i = 0; i < 30; ++i)
+        dateien << lokal(u"g%1"_s.arg(i), QByteArray(2 << 20, char('A' + i))), pfade << u"/g%1"_s.arg(i);
+    std::optional<Fehler> hoch;
+    a->uploadLocalFiles(dateien, pfade, [&](Fehler fehler) { hoch = std::move(fehler); });
+    ASSERT_EQ(QProcess::execute(u"pg_ctlcluster"_s, {qEnvironmentVariable("PGVERSION"), u"regress"_s, u"restart"_s, u"-m"_s, u"fast"_s}), 0);
+    ASSERT_TRUE(warteBis([&] { return hoch.has_value(); }, 30000));
+    EXPECT_TRUE(!*hoch || (*hoch)->retryable()) << (*hoch)->message().toStdString();
+
+    const auto ganz = [&] {
+        EXPECT_TRUE(warteBis([&] { return !fertig([&](auto c) { b->primeForActivityWithCompletion(c); }); }, 10000));
+        for (const QString &zeile : liste(*b, u"/"_s))
+            EXPECT_TRUE(zeile.endsWith(u":2097152"_s)) << zeile.toStdString();
+    };
+    ganz();
+    if (*hoch)
+        ASSERT_FALSE(fertig([&](auto c) { a->uploadLocalFiles(dateien, pfade, c); }));
+    ganz();
+    EXPECT_EQ(liste(*b, u"/"_s).size(), 30);
 }
 
 TEST_F(FileSystemTest, AFileWhoseDataWentMissingIsRemovedWhenItIsRead)
