@@ -64,12 +64,11 @@ auto RecordDatabase::run(F &&operation) -> decltype(operation())
     }
 }
 
-RecordError RecordDatabase::translate(const std::exception &failure) const
+RecordError RecordDatabase::translate(const PostgresConnection::Failure &failure) const
 {
-    const auto *fehler = dynamic_cast<const PostgresConnection::Failure *>(&failure);
-    const QByteArray state = fehler ? fehler->sqlState : QByteArray();
+    const QByteArray &state = failure.sqlState;
     const QString text = QString::fromUtf8(failure.what());
-    if ((fehler && fehler->connectionLost) || state.startsWith("08") || state.startsWith("57P"))
+    if (failure.connectionLost || state.startsWith("08") || state.startsWith("57P"))
         return RecordError(RecordError::NetworkFailure, QStringLiteral("the connection to the sync server broke: %1").arg(text));
     if (state == "40001" || state == "40P01" || state == "55P03" || state.startsWith("53"))
         return RecordError(RecordError::ServiceUnavailable, QStringLiteral("the sync server is busy: %1").arg(text));

@@ -7,9 +7,9 @@
 
 #include <QStringList>
 
-#include <memory>
+#include "PostgresConnection.h"
 
-class PostgresConnection;
+#include <memory>
 
 // What a zone's change feed delivers after a token: records changed since (their last state, once
 // each), names of records deleted since, the token to ask with next time, and whether more changes
@@ -75,7 +75,7 @@ public:
 private:
     template<class F>
     auto run(F &&operation) -> decltype(operation());
-    RecordError translate(const std::exception &failure) const;
+    RecordError translate(const PostgresConnection::Failure &failure) const;
     std::optional<qint64> bumpCounter(const RecordZoneID &zone);
     QList<Record> readRecords(const RecordZoneID &zone, const QStringList &names, const QStringList &desiredKeys,
                               bool withAssets);

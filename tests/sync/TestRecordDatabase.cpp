@@ -70,7 +70,8 @@ TEST_F(RecordDatabaseTest, RecordsKeepEveryFieldAndBatchesFailItemByItem)
     // the good items of the batch are saved all the same.
     Record aktuell = a;
     aktuell.set(u"path"_s, u"/z"_s);
-    EXPECT_FALSE(db.saveRecords(kZone, {aktuell}).error);
+    const auto neuerStand = db.saveRecords(kZone, {aktuell});
+    ASSERT_FALSE(neuerStand.error);
     const auto konflikt = db.saveRecords(kZone, {knoten(u"/d"_s), a, knoten(u"/neu"_s)});
     EXPECT_EQ(namen(konflikt.value), QStringList{u"CDEFileSystemNode_/neu"_s});
     ASSERT_TRUE(konflikt.error && konflikt.error->onlyIncludesErrorCode(RecordError::ServerRecordChanged));
@@ -78,6 +79,7 @@ TEST_F(RecordDatabaseTest, RecordsKeepEveryFieldAndBatchesFailItemByItem)
 
     const auto kinder = db.queryRecords(kZone, {u"CDEFileSystemNode"_s, u"directory"_s, u"CDEFileSystemNode_/"_s, u"path"_s, {}});
     EXPECT_EQ(namen(kinder.value), (QStringList{u"CDEFileSystemNode_/d"_s, u"CDEFileSystemNode_/neu"_s, u"CDEFileSystemNode_/a"_s}));
+    EXPECT_EQ(kinder.value.last().changeTag(), neuerStand.value.first().changeTag()) << "a query's records can be saved again";
     const auto geloescht = db.deleteRecords(kZone, {u"CDEFileSystemNode_/d"_s, u"CDEFileSystemNode_/fehlt"_s});
     EXPECT_EQ(geloescht.value, QStringList{u"CDEFileSystemNode_/d"_s});
     EXPECT_TRUE(geloescht.error && geloescht.error->onlyIncludesErrorCode(RecordError::UnknownItem));
@@ -113,9 +115,10 @@ TEST_F(RecordDatabaseTest, TheFeedPagesByWholeSavesRestartsFromItsTokenAndEndsWi
     EXPECT_EQ(namen(alleSeiten(db, token, 3).changed), QStringList{u"CDEFileSystemNode_/danach"_s});
     ASSERT_TRUE(RecordChangeToken::fromBytes(token->toBytes()) == token);
     // Assets come with the feed when asked for, and only the fields asked for.
-    ASSERT_FALSE(db.saveRecords(kZone, {knoten(u"/mit-daten"_s, 3, "abc")}).error);
+    const auto gespeichert = db.saveRecords(kZone, {knoten(u"/mit-daten"_s, 3, "abc")});
     const auto mitDaten = db.fetchZoneChanges(kZone, token, {u"data"_s});
     ASSERT_EQ(mitDaten.value.changed.size(), 1);
+    EXPECT_EQ(mitDaten.value.changed.first().changeTag(), gespeichert.value.first().changeTag());
     EXPECT_EQ(mitDaten.value.changed.first().fields(), (QMap<QString, RecordValue>{{u"data"_s, RecordAsset{"abc"}}}));
 
     // The zone made anew: the old token is void.
