@@ -150,6 +150,9 @@ TEST_F(FileSystemTest, TheCacheSurvivesARestartAndIsMadeAnewWhenItsFileOrTokenIs
     ASSERT_FALSE(db.saveRecords(zone, QList<Record>{a->schema().createRootRecord()} + a->schema().fileRecords(u"/neu"_s, "n")).error);
     ASSERT_FALSE(fertig([&](auto c) { a->primeForActivityWithCompletion(c); }));
     EXPECT_EQ(liste(*a, u"/"_s), QStringList{u"neu:1"_s});
+
+    ASSERT_FALSE(fertig([&](auto c) { a->removeAllItemsWithCompletion(c); }));
+    EXPECT_EQ(db.countRecords(zone).value, 0);
 }
 
 // The server restarts while a batch of large files goes up: afterwards every file another machine
