@@ -85,14 +85,18 @@ RecordResult<QString> RecordDatabase::userName()
     return run([&] { return RecordResult<QString>{m_connection->exec("SELECT current_user").text(0, 0), {}}; });
 }
 
-std::optional<qint64> RecordDatabase::bumpCounter(const RecordZoneID &zone)
+std::optional<qint64> RecordDatabase::beginWrite(const RecordZoneID &zone)
 {
+    m_connection->exec("BEGIN");
     // The row lock taken here is held to the commit: the zone's writers queue behind it, so the
     // counter values they take are in the order in which their changes become visible.
     const auto r = m_connection->exec("UPDATE velmora_zone SET change_seq = change_seq + 1"
                                       " WHERE owner = current_user AND zone_name = $1 RETURNING change_seq",
                                       {P::text(zone.zoneName)});
-    return r.rows() ? std::optional(r.number(0, 0)) : std::nullopt;
+    if (r.rows())
+        return r.number(0, 0);
+    m_connection->exec("ROLLBACK");
+    return std::nullopt;
 }
 
 std::optional<RecordError> RecordDatabase::fetchZone(const RecordZoneID &zone)
@@ -177,10 +181,8 @@ RecordResult<QList<Record>> RecordDatabase::saveRecords(const RecordZoneID &zone
 {
     return run([&] {
         RecordResult<QList<Record>> ergebnis;
-        m_connection->exec("BEGIN");
-        const std::optional<qint64> seq = bumpCounter(zone);
+        const std::optional<qint64> seq = beginWrite(zone);
         if (!seq) {
-            m_connection->exec("ROLLBACK");
             ergebnis.error = zoneFehlt(zone);
             return ergebnis;
         }
@@ -243,10 +245,8 @@ RecordResult<QStringList> RecordDatabase::deleteRecords(const RecordZoneID &zone
 {
     return run([&] {
         RecordResult<QStringList> ergebnis;
-        m_connection->exec("BEGIN");
-        const std::optional<qint64> seq = bumpCounter(zone);
+        const std::optional<qint64> seq = beginWrite(zone);
         if (!seq) {
-            m_connection->exec("ROLLBACK");
             ergebnis.error = zoneFehlt(zone);
             return ergebnis;
         }

@@ -76,7 +76,9 @@ private:
     template<class F>
     auto run(F &&operation) -> decltype(operation());
     RecordError translate(const PostgresConnection::Failure &failure) const;
-    std::optional<qint64> bumpCounter(const RecordZoneID &zone);
+    // Begins a writing transaction with the zone's next counter value; none (and no transaction)
+    // when the zone does not exist.
+    std::optional<qint64> beginWrite(const RecordZoneID &zone);
     QList<Record> readRecords(const RecordZoneID &zone, const QStringList &names, const QStringList &desiredKeys,
                               bool withAssets);
 
