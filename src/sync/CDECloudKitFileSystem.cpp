@@ -38,7 +38,7 @@ QString serverKennung(const QByteArray &uri)
 
 CDECloudKitFileSystem::CDECloudKitFileSystem(const QString &ubiquityContainerIdentifier, int schemaVersion,
                                              const QByteArray &serverUri, const QString &cacheDirectory, QObject *parent)
-    : QObject(parent), m_container(ubiquityContainerIdentifier), m_schema(schemaVersion, u"/"_s),
+    : CDECloudFileSystem(parent), m_container(ubiquityContainerIdentifier), m_schema(schemaVersion, u"/"_s),
       m_zone{CDECloudKitSchema::recordZoneName(schemaVersion)}, m_uri(serverUri)
 {
     const QString ordner = cacheDirectory.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::CacheLocation) : cacheDirectory;

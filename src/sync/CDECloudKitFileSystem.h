@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CDECloudItem.h"
+#include "CDECloudFileSystem.h"
 #include "CDECloudKitCache.h"
 #include "CDECloudKitSchema.h"
 #include "RecordError.h"
@@ -25,12 +25,11 @@ class RecordPushListener;
 // Every operation is asynchronous: it runs after the set-up on the file system's own queue, one at
 // a time, and its completion comes on the thread that made the file system (the main thread).
 // The shared-database mode of the cloud service is not offered: the program never uses it.
-class CDECloudKitFileSystem : public QObject
+class CDECloudKitFileSystem : public CDECloudFileSystem
 {
     Q_OBJECT
 
 public:
-    using Completion = std::function<void(std::optional<RecordError>)>;
 
     static constexpr int fileUploadMaximumBatchSize = 30;
     static constexpr int fileDownloadMaximumBatchSize = 30;
@@ -50,27 +49,26 @@ public:
     const QString &cacheFilePath() const { return m_cacheFile; }
     const CDECloudKitSchema &schema() const { return m_schema; }
 
-    bool isConnected() const { return m_database != nullptr; }
-    void connect(Completion completion);
-    void fetchUserIdentityWithCompletion(std::function<void(QString, std::optional<RecordError>)> completion);
-    void primeForActivityWithCompletion(Completion completion);
+    bool isConnected() const override { return m_database != nullptr; }
+    void connect(Completion completion) override;
+    void fetchUserIdentityWithCompletion(std::function<void(QString, std::optional<RecordError>)> completion) override;
+    void primeForActivityWithCompletion(Completion completion) override;
 
-    void fileExistsAtPath(const QString &path, std::function<void(bool exists, bool isDirectory, std::optional<RecordError>)> completion);
-    void contentsOfDirectoryAtPath(const QString &path, std::function<void(QList<CDECloudItem>, std::optional<RecordError>)> completion);
-    void createDirectoryAtPath(const QString &path, Completion completion);
-    void uploadLocalFiles(const QStringList &localFiles, const QStringList &paths, Completion completion);
-    void downloadFromPaths(const QStringList &paths, const QStringList &localFiles, Completion completion);
-    void removeItemsAtPaths(const QStringList &paths, Completion completion);
-    void removeAllItemsWithCompletion(Completion completion);
+    void fileExistsAtPath(const QString &path,
+                          std::function<void(bool exists, bool isDirectory, std::optional<RecordError>)> completion) override;
+    void contentsOfDirectoryAtPath(const QString &path,
+                                   std::function<void(QList<CDECloudItem>, std::optional<RecordError>)> completion) override;
+    void createDirectoryAtPath(const QString &path, Completion completion) override;
+    void uploadLocalFiles(const QStringList &localFiles, const QStringList &paths, Completion completion) override;
+    void downloadFromPaths(const QStringList &paths, const QStringList &localFiles, Completion completion) override;
+    void removeItemsAtPaths(const QStringList &paths, Completion completion) override;
+    void removeAllItemsWithCompletion(Completion completion) override;
     // Saves the subscription and listens: `pushNotificationReceived` after another machine added a
     // file, and after every (re)connection of the listener, when one may have been missed.
-    void subscribeForPushNotificationsWithCompletion(Completion completion);
+    void subscribeForPushNotificationsWithCompletion(Completion completion) override;
 
     // Whether every item error of a batch error has `code`.
     static bool partialErrorOnlyIncludesErrorCode(const RecordError &error, int code) { return error.onlyIncludesErrorCode(code); }
-
-Q_SIGNALS:
-    void pushNotificationReceived();
 
 private:
     // Runs `work` on the queue after the set-up, then `deliver` on this object's thread.
