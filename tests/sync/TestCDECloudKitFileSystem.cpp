@@ -4,7 +4,7 @@
 #include "TestServer.h"
 
 #include "CDECloudKitFileSystem.h"
-#include "harness/Prozesse.h"
+#include "DateisystemPruefung.h"
 
 #include <QDir>
 #include <QProcess>
@@ -13,48 +13,8 @@
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
+using namespace dateisystem;
 using harness::warteBis;
-using Fehler = std::optional<RecordError>;
-
-// Runs an operation and waits for its completion.
-Fehler fertig(const std::function<void(CDECloudKitFileSystem::Completion)> &operation)
-{
-    std::optional<Fehler> ergebnis;
-    operation([&](Fehler fehler) { ergebnis = std::move(fehler); });
-    EXPECT_TRUE(warteBis([&] { return ergebnis.has_value(); }, 30000)) << "no completion";
-    return ergebnis.value_or(RecordError(0, u"no completion"_s));
-}
-
-// "name:size" of every item, sorted; the error's code instead when there is one.
-QStringList liste(CDECloudKitFileSystem &fs, const QString &pfad)
-{
-    std::optional<QStringList> ergebnis;
-    fs.contentsOfDirectoryAtPath(pfad, [&](const QList<CDECloudItem> &items, Fehler fehler) {
-        QStringList zeilen;
-        for (const CDECloudItem &item : items)
-            zeilen << item.name + u':' + (item.isDirectory ? u"dir"_s : QString::number(item.size));
-        zeilen.sort();
-        ergebnis = fehler ? QStringList{QString::number(fehler->code())} : zeilen;
-    });
-    EXPECT_TRUE(warteBis([&] { return ergebnis.has_value(); }, 30000));
-    return ergebnis.value_or(QStringList{});
-}
-
-QByteArray inhalt(const QString &pfad)
-{
-    QFile datei(pfad);
-    return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
-}
-
-QString gibtEs(CDECloudKitFileSystem &fs, const QString &pfad)
-{
-    QString ergebnis;
-    fs.fileExistsAtPath(pfad, [&](bool ja, bool ordner, Fehler fehler) {
-        ergebnis = fehler ? QString::number(fehler->code()) : !ja ? u"nein"_s : ordner ? u"ordner"_s : u"datei"_s;
-    });
-    EXPECT_TRUE(warteBis([&] { return !ergebnis.isEmpty(); }, 30000));
-    return ergebnis;
-}
 
 class FileSystemTest : public ::testing::Test
 {
