@@ -274,9 +274,15 @@ void CDECloudKitFileSystem::downloadFromPaths(const QStringList &paths, const QS
         for (qsizetype i = 0; i < namen.size() && i < localFiles.size(); ++i) {
             const auto record = std::find_if(gelesen.value.cbegin(), gelesen.value.cend(), [&](const Record &r) { return r.name() == namen[i]; });
             QFile ziel(localFiles[i]);
-            if (record == gelesen.value.cend() || !ziel.open(QIODevice::WriteOnly | QIODevice::NewOnly)
-                || ziel.write(record->asset(u"data"_s).value_or(RecordAsset{}).bytes) < 0 || !ziel.flush())
+            if (record == gelesen.value.cend() || !ziel.open(QIODevice::WriteOnly | QIODevice::NewOnly))
                 return RecordError::sync(RecordError::InternalError, u"cannot write \"%1\": %2"_s.arg(localFiles[i], ziel.errorString()));
+            // A full disk may take part of the bytes without an error: a file is whole or not there.
+            const QByteArray bytes = record->asset(u"data"_s).value_or(RecordAsset{}).bytes;
+            if (ziel.write(bytes) != bytes.size() || !ziel.flush()) {
+                const QString grund = ziel.errorString();
+                ziel.remove();
+                return RecordError::sync(RecordError::InternalError, u"cannot write \"%1\": %2"_s.arg(localFiles[i], grund));
+            }
         }
         return std::nullopt;
     }, std::move(completion));

@@ -36,7 +36,9 @@ std::optional<RecordError> schreibeGanz(const QString &von, const QString &nach)
         return dateiFehler(u"read"_s, von, quelle.errorString());
     QDir().mkpath(QFileInfo(nach).path());
     QFile entwurf(QFileInfo(nach).path() + u'/' + kTemp + QUuid::createUuid().toString(QUuid::Id128));
-    if (!entwurf.open(QIODevice::WriteOnly) || entwurf.write(quelle.readAll()) < 0 || !entwurf.flush()
+    // A full disk may take part of the bytes without an error: all of them, or it failed.
+    const QByteArray bytes = quelle.readAll();
+    if (!entwurf.open(QIODevice::WriteOnly) || entwurf.write(bytes) != bytes.size() || !entwurf.flush()
         || ::fsync(entwurf.handle()) != 0) {
         entwurf.remove();
         return dateiFehler(u"write"_s, nach, entwurf.errorString());

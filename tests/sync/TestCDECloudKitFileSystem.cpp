@@ -8,6 +8,9 @@
 
 #include <QDir>
 #include <QProcess>
+
+#include <csignal>
+#include <sys/resource.h>
 #include <QTemporaryDir>
 
 namespace {
@@ -139,6 +142,18 @@ TEST_F(FileSystemTest, AServerRestartDuringAnUploadNeverLeavesHalfAFile)
         ASSERT_FALSE(fertig([&](auto c) { a->uploadLocalFiles(dateien, pfade, c); }));
     ganz();
     EXPECT_EQ(liste(*b, u"/"_s).size(), 30);
+
+    // A disk that fills up while a file comes down: an error and no local file, never half of one.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit alt{}, knapp{};
+    getrlimit(RLIMIT_FSIZE, &alt);
+    knapp = alt;
+    knapp.rlim_cur = 1 << 20;
+    setrlimit(RLIMIT_FSIZE, &knapp);
+    const Fehler voll = fertig([&](auto c) { b->downloadFromPaths({pfade[0]}, {ordner.filePath(u"voll"_s)}, c); });
+    setrlimit(RLIMIT_FSIZE, &alt);
+    EXPECT_TRUE(voll);
+    EXPECT_FALSE(QFile::exists(ordner.filePath(u"voll"_s)));
 }
 
 TEST_F(FileSystemTest, AFileWhoseDataWentMissingIsRemovedWhenItIsRead)

@@ -5,7 +5,11 @@
 #include "DateisystemPruefung.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QTemporaryDir>
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -58,6 +62,24 @@ TEST(CDEFolderFileSystem, TwoMachinesShareAFolderWithoutConflictCopiesOrHalfFile
 
     ASSERT_FALSE(fertig([&](auto c) { a.removeItemsAtPaths({u"/logs"_s, u"/nie"_s}, c); }));
     EXPECT_EQ(liste(b, u"/"_s), QStringList{});
+}
+
+// A disk that fills up while a file is written: an error, and neither the file nor its draft.
+TEST(CDEFolderFileSystem, AFullDiskLeavesNeitherHalfAFileNorItsDraft)
+{
+    QTemporaryDir ordner, lokal;
+    CDEFolderFileSystem fs(ordner.path());
+    const QString gross = schreibe(lokal.filePath(u"gross"_s), QByteArray(2 << 20, 'g'));
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit alt{};
+    getrlimit(RLIMIT_FSIZE, &alt);
+    rlimit knapp = alt;
+    knapp.rlim_cur = 1 << 20;
+    setrlimit(RLIMIT_FSIZE, &knapp);
+    const Fehler fehler = fertig([&](auto c) { fs.uploadLocalFiles({gross}, {u"/gross"_s}, c); });
+    setrlimit(RLIMIT_FSIZE, &alt);
+    EXPECT_TRUE(fehler);
+    EXPECT_TRUE(QDir(ordner.path()).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden)) << "something was left";
 }
 
 TEST(CDEFolderFileSystem, WithoutItsFolderThereIsNoConnection)
