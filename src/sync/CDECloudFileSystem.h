@@ -1,12 +1,15 @@
 #pragma once
 
 #include "CDECloudItem.h"
+#include "CDEOperationQueue.h"
 #include "RecordError.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 // What the sync engine needs of the place its files go: a small file system of directories and
@@ -20,7 +23,7 @@ class CDECloudFileSystem : public QObject
 public:
     using Completion = std::function<void(std::optional<RecordError>)>;
 
-    using QObject::QObject;
+    explicit CDECloudFileSystem(QObject *parent = nullptr) : QObject(parent) {}
 
     virtual bool isConnected() const = 0;
     virtual void connect(Completion completion) = 0;
@@ -41,4 +44,26 @@ public:
 Q_SIGNALS:
     // Another machine may have added files: time for a sync step.
     void pushNotificationReceived();
+
+protected:
+    // Runs `work` on the file system's own queue, one operation at a time in the order given, then
+    // `deliver` on this object's thread (not at all when the object is gone by then).
+    template<class Result>
+    void enqueue(std::function<Result()> work, std::function<void(Result)> deliver)
+    {
+        const QPointer<CDECloudFileSystem> selbst(this);
+        m_queue->add([this, selbst, work = std::move(work), deliver = std::move(deliver)] {
+            Result ergebnis = work();
+            QMetaObject::invokeMethod(this, [selbst, deliver, ergebnis] {
+                if (selbst && deliver)
+                    deliver(ergebnis);
+            }, Qt::QueuedConnection);
+        });
+    }
+    // Lets the running operation finish and drops the others. A subclass calls it first in its
+    // destructor, before the members its operations use are gone.
+    void stopOperations() { m_queue.reset(); }
+
+private:
+    std::unique_ptr<CDEOperationQueue> m_queue = std::make_unique<CDEOperationQueue>();
 };

@@ -1,13 +1,11 @@
 #include "CDECloudKitFileSystem.h"
 
-#include "CDEOperationQueue.h"
 #include "CDESyncLog.h"
 #include "RecordDatabase.h"
 #include "RecordPushListener.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QPointer>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QUrl>
@@ -49,28 +47,14 @@ CDECloudKitFileSystem::CDECloudKitFileSystem(const QString &ubiquityContainerIde
         m_database = std::make_unique<RecordDatabase>(serverUri);
     m_cache = std::make_unique<CDECloudKitCache>(m_cacheFile, m_schema);
     m_cache->prepare();
-    m_queue = std::make_unique<CDEOperationQueue>();
     if (m_database)
-        m_queue->add([this] { setUp(); });
+        enqueue<std::optional<RecordError>>([this] { return setUp(); }, {});
 }
 
 CDECloudKitFileSystem::~CDECloudKitFileSystem()
 {
-    m_queue.reset();
+    stopOperations();
     m_listener.reset();
-}
-
-template<class Result>
-void CDECloudKitFileSystem::enqueue(std::function<Result()> work, std::function<void(Result)> deliver)
-{
-    const QPointer<CDECloudKitFileSystem> selbst(this);
-    m_queue->add([this, selbst, work = std::move(work), deliver = std::move(deliver)] {
-        Result ergebnis = work();
-        QMetaObject::invokeMethod(this, [selbst, deliver, ergebnis] {
-            if (selbst && deliver)
-                deliver(ergebnis);
-        }, Qt::QueuedConnection);
-    });
 }
 
 RecordError CDECloudKitFileSystem::connectionError(const RecordError &error) const

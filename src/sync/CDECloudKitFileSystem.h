@@ -12,7 +12,6 @@
 #include <functional>
 #include <memory>
 
-class CDEOperationQueue;
 class RecordDatabase;
 class RecordPushListener;
 
@@ -71,9 +70,6 @@ public:
     static bool partialErrorOnlyIncludesErrorCode(const RecordError &error, int code) { return error.onlyIncludesErrorCode(code); }
 
 private:
-    // Runs `work` on the queue after the set-up, then `deliver` on this object's thread.
-    template<class Result>
-    void enqueue(std::function<Result()> work, std::function<void(Result)> deliver);
     std::optional<RecordError> setUp();
     std::optional<RecordError> prime();
     void performRepairsIfNecessaryForError(const RecordError &error);
@@ -90,5 +86,4 @@ private:
     std::unique_ptr<CDECloudKitCache> m_cache;
     std::unique_ptr<RecordPushListener> m_listener;
     bool m_setUp = false;
-    std::unique_ptr<CDEOperationQueue> m_queue; // last: stops before what its operations use goes
 };

@@ -1,6 +1,5 @@
 #include "CDEFolderFileSystem.h"
 
-#include "CDEOperationQueue.h"
 #include "CDESyncLog.h"
 
 #include <QDir>
@@ -8,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
-#include <QPointer>
 #include <QRegularExpression>
 #include <QUuid>
 
@@ -57,7 +55,7 @@ std::optional<RecordError> schreibeGanz(const QString &von, const QString &nach)
 } // namespace
 
 CDEFolderFileSystem::CDEFolderFileSystem(QString rootFolder, QObject *parent)
-    : CDECloudFileSystem(parent), m_root(QDir::cleanPath(rootFolder)), m_queue(std::make_unique<CDEOperationQueue>())
+    : CDECloudFileSystem(parent), m_root(QDir::cleanPath(rootFolder))
 {
     if (rootFolder.isEmpty())
         m_root.clear();
@@ -65,7 +63,7 @@ CDEFolderFileSystem::CDEFolderFileSystem(QString rootFolder, QObject *parent)
 
 CDEFolderFileSystem::~CDEFolderFileSystem()
 {
-    m_queue.reset();
+    stopOperations();
 }
 
 bool CDEFolderFileSystem::isForeignFile(const QString &fileName)
@@ -75,19 +73,6 @@ bool CDEFolderFileSystem::isForeignFile(const QString &fileName)
     static const QRegularExpression fremd(uR"(\.sync-conflict-|conflicted copy|^\.syncthing\.|^~syncthing~|^\.st(folder|versions)$|^\.~)"_s,
                                           QRegularExpression::CaseInsensitiveOption);
     return fileName.startsWith(kTemp) || fremd.match(fileName).hasMatch();
-}
-
-template<class Result>
-void CDEFolderFileSystem::enqueue(std::function<Result()> work, std::function<void(Result)> deliver)
-{
-    const QPointer<CDEFolderFileSystem> selbst(this);
-    m_queue->add([this, selbst, work = std::move(work), deliver = std::move(deliver)] {
-        Result ergebnis = work();
-        QMetaObject::invokeMethod(this, [selbst, deliver, ergebnis] {
-            if (selbst && deliver)
-                deliver(ergebnis);
-        }, Qt::QueuedConnection);
-    });
 }
 
 void CDEFolderFileSystem::simple(std::function<std::optional<RecordError>()> work, Completion completion)

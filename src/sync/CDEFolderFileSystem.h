@@ -4,7 +4,6 @@
 
 #include <memory>
 
-class CDEOperationQueue;
 class QFileSystemWatcher;
 
 // The cloud file system as a folder on disk that another program (Syncthing, Nextcloud, Dropbox)
@@ -42,8 +41,6 @@ public:
     void subscribeForPushNotificationsWithCompletion(Completion completion) override;
 
 private:
-    template<class Result>
-    void enqueue(std::function<Result()> work, std::function<void(Result)> deliver);
     void simple(std::function<std::optional<RecordError>()> work, Completion completion);
     std::optional<RecordError> reachable() const;
     QString localPath(const QString &path) const;
@@ -51,5 +48,4 @@ private:
 
     QString m_root;
     std::unique_ptr<QFileSystemWatcher> m_watcher;
-    std::unique_ptr<CDEOperationQueue> m_queue; // last: stops before what its operations use goes
 };
