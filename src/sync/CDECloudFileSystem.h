@@ -60,6 +60,20 @@ protected:
             }, Qt::QueuedConnection);
         });
     }
+    // An operation that completes with an error or none: on the queue, what every operation needs
+    // first (ready), then `work`; an error is given to the caller as forCaller makes it.
+    void run(std::function<std::optional<RecordError>()> work, Completion completion)
+    {
+        enqueue<std::optional<RecordError>>([this, work = std::move(work)]() -> std::optional<RecordError> {
+            std::optional<RecordError> fehler = ready();
+            if (!fehler)
+                fehler = work();
+            return fehler ? std::optional(forCaller(*fehler)) : std::nullopt;
+        }, std::move(completion));
+    }
+    // Runs on the queue before each operation: the server's set-up, a reachable folder.
+    virtual std::optional<RecordError> ready() = 0;
+    virtual RecordError forCaller(const RecordError &error) const { return error; }
     // Lets the running operation finish and drops the others. A subclass calls it first in its
     // destructor, before the members its operations use are gone.
     void stopOperations() { m_queue.reset(); }

@@ -48,7 +48,7 @@ CDECloudKitFileSystem::CDECloudKitFileSystem(const QString &ubiquityContainerIde
     m_cache = std::make_unique<CDECloudKitCache>(m_cacheFile, m_schema);
     m_cache->prepare();
     if (m_database)
-        enqueue<std::optional<RecordError>>([this] { return setUp(); }, {});
+        run([] { return std::nullopt; }, {});
 }
 
 CDECloudKitFileSystem::~CDECloudKitFileSystem()
@@ -57,7 +57,7 @@ CDECloudKitFileSystem::~CDECloudKitFileSystem()
     m_listener.reset();
 }
 
-RecordError CDECloudKitFileSystem::connectionError(const RecordError &error) const
+RecordError CDECloudKitFileSystem::forCaller(const RecordError &error) const
 {
     if (error.code() == RecordError::NetworkUnavailable && error.domain() == QLatin1String(RecordError::kDomain))
         return RecordError::sync(RecordError::NoConnection, u"No iCloud connection"_s);
@@ -92,7 +92,7 @@ std::optional<RecordError> CDECloudKitFileSystem::setUp()
     }
     if (fehler) {
         CDE_LOG(u"Setting up cloud directories in CloudKit failed: %1"_s.arg(fehler->message()));
-        return connectionError(*fehler);
+        return forCaller(*fehler);
     }
     m_setUp = true;
     return std::nullopt;
@@ -100,7 +100,7 @@ std::optional<RecordError> CDECloudKitFileSystem::setUp()
 
 void CDECloudKitFileSystem::connect(Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this] { return setUp(); }, std::move(completion));
+    run([] { return std::nullopt; }, std::move(completion));
 }
 
 void CDECloudKitFileSystem::fetchUserIdentityWithCompletion(std::function<void(QString, std::optional<RecordError>)> completion)
@@ -112,7 +112,7 @@ void CDECloudKitFileSystem::fetchUserIdentityWithCompletion(std::function<void(Q
             return {{}, fehler};
         R ergebnis = m_database->userName();
         if (ergebnis.error)
-            ergebnis.error = connectionError(*ergebnis.error);
+            ergebnis.error = forCaller(*ergebnis.error);
         return ergebnis;
     }, [completion](const R &ergebnis) { completion(ergebnis.value, ergebnis.error); });
 }
@@ -128,7 +128,7 @@ std::optional<RecordError> CDECloudKitFileSystem::prime()
         const auto seite = m_database->fetchZoneChanges(m_zone, alt, kPrimingKeys);
         if (seite.error) {
             if (!alt)
-                return connectionError(*seite.error);
+                return seite.error;
             // The token is void or the page failed: the whole picture is made again.
             m_cache->clear();
             continue;
@@ -145,11 +145,7 @@ std::optional<RecordError> CDECloudKitFileSystem::prime()
 
 void CDECloudKitFileSystem::primeForActivityWithCompletion(Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this]() -> std::optional<RecordError> {
-        if (auto fehler = setUp())
-            return fehler;
-        return prime();
-    }, std::move(completion));
+    run([this] { return prime(); }, std::move(completion));
 }
 
 void CDECloudKitFileSystem::fileExistsAtPath(const QString &path,
@@ -169,7 +165,7 @@ void CDECloudKitFileSystem::fileExistsAtPath(const QString &path,
         } else {
             const auto gelesen = m_database->fetchRecords(m_zone, {m_schema.recordNameForFullPath(voll)}, kPrimingKeys);
             if (gelesen.error && !gelesen.error->onlyIncludesErrorCode(RecordError::UnknownItem))
-                return {false, false, connectionError(*gelesen.error)};
+                return {false, false, forCaller(*gelesen.error)};
             if (!gelesen.value.isEmpty())
                 knoten = gelesen.value.first();
         }
@@ -195,7 +191,7 @@ void CDECloudKitFileSystem::contentsOfDirectoryAtPath(const QString &path,
         const auto gefunden = m_database->queryRecords(
             m_zone, {m_schema.nodeType(), u"directory"_s, m_schema.recordNameForFullPath(voll), u"path"_s, kPrimingKeys});
         if (gefunden.error)
-            return {{}, connectionError(*gefunden.error)};
+            return {{}, forCaller(*gefunden.error)};
         R ergebnis;
         for (const Record &knoten : gefunden.value) {
             const QString kindPfad = knoten.text(u"path"_s).value_or(QString());
@@ -208,19 +204,15 @@ void CDECloudKitFileSystem::contentsOfDirectoryAtPath(const QString &path,
 
 void CDECloudKitFileSystem::createDirectoryAtPath(const QString &path, Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this, path]() -> std::optional<RecordError> {
-        if (auto fehler = setUp())
-            return fehler;
+    run([this, path]() -> std::optional<RecordError> {
         const auto gespeichert = m_database->saveRecords(m_zone, {m_schema.directoryRecord(m_schema.fullPathForPath(path))});
-        return gespeichert.error ? std::optional(connectionError(*gespeichert.error)) : std::nullopt;
+        return gespeichert.error;
     }, std::move(completion));
 }
 
 void CDECloudKitFileSystem::uploadLocalFiles(const QStringList &localFiles, const QStringList &paths, Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this, localFiles, paths]() -> std::optional<RecordError> {
-        if (auto fehler = setUp())
-            return fehler;
+    run([this, localFiles, paths]() -> std::optional<RecordError> {
         if (!m_schema.isValid()) {
             CDE_LOG(u"Invalid schema"_s);
             return RecordError::sync(RecordError::InternalError, u"Invalid schema"_s);
@@ -238,22 +230,20 @@ void CDECloudKitFileSystem::uploadLocalFiles(const QStringList &localFiles, cons
                     "CloudKit. Will self correct. Ignoring: %1"_s.arg(gespeichert.error->message()));
             return std::nullopt;
         }
-        return gespeichert.error ? std::optional(connectionError(*gespeichert.error)) : std::nullopt;
+        return gespeichert.error;
     }, std::move(completion));
 }
 
 void CDECloudKitFileSystem::downloadFromPaths(const QStringList &paths, const QStringList &localFiles, Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this, paths, localFiles]() -> std::optional<RecordError> {
-        if (auto fehler = setUp())
-            return fehler;
+    run([this, paths, localFiles]() -> std::optional<RecordError> {
         QStringList namen;
         for (const QString &pfad : paths)
             namen << m_schema.dataRecordNameForFullPath(m_schema.fullPathForPath(pfad));
         const auto gelesen = m_database->fetchRecords(m_zone, namen, {u"data"_s});
         if (gelesen.error) {
             performRepairsIfNecessaryForError(*gelesen.error);
-            return connectionError(*gelesen.error);
+            return gelesen.error;
         }
         for (qsizetype i = 0; i < namen.size() && i < localFiles.size(); ++i) {
             const auto record = std::find_if(gelesen.value.cbegin(), gelesen.value.cend(), [&](const Record &r) { return r.name() == namen[i]; });
@@ -322,16 +312,14 @@ RecordResult<QStringList> CDECloudKitFileSystem::recordsForRemoval(const QString
 
 void CDECloudKitFileSystem::removeItemsAtPaths(const QStringList &paths, Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this, paths]() -> std::optional<RecordError> {
-        if (auto fehler = setUp())
-            return fehler;
+    run([this, paths]() -> std::optional<RecordError> {
         QStringList voll;
         for (const QString &pfad : paths)
             voll << m_schema.fullPathForPath(pfad);
         const auto gesammelt = recordsForRemoval(voll);
         if (gesammelt.error) {
             CDE_LOG(u"Error while fetching for deletion: %1"_s.arg(gesammelt.error->message()));
-            return connectionError(*gesammelt.error);
+            return gesammelt.error;
         }
         CDE_LOG(u"Fetched records for removal: %1"_s.arg(namenListe(gesammelt.value)));
         if (gesammelt.value.isEmpty())
@@ -342,20 +330,18 @@ void CDECloudKitFileSystem::removeItemsAtPaths(const QStringList &paths, Complet
                     "removing items. Will self correct. Ignoring: %1"_s.arg(geloescht.error->message()));
             return std::nullopt;
         }
-        return geloescht.error ? std::optional(connectionError(*geloescht.error)) : std::nullopt;
+        return geloescht.error;
     }, std::move(completion));
 }
 
 void CDECloudKitFileSystem::removeAllItemsWithCompletion(Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this]() -> std::optional<RecordError> {
-        if (auto fehler = setUp())
-            return fehler;
+    run([this]() -> std::optional<RecordError> {
         CDE_LOG(u"Deleting all cloudkit data"_s);
         const auto alle = m_database->queryRecords(m_zone, {{}, {}, {}, {}, {u"-"_s}});
         if (alle.error) {
             CDE_LOG(u"Error while querying records for deletion: %1"_s.arg(alle.error->message()));
-            return connectionError(*alle.error);
+            return alle.error;
         }
         QStringList namen;
         for (const Record &record : alle.value)
@@ -363,22 +349,18 @@ void CDECloudKitFileSystem::removeAllItemsWithCompletion(Completion completion)
         if (namen.isEmpty())
             return std::nullopt;
         const auto geloescht = m_database->deleteRecords(m_zone, namen);
-        return geloescht.error ? std::optional(connectionError(*geloescht.error)) : std::nullopt;
+        return geloescht.error;
     }, std::move(completion));
 }
 
 void CDECloudKitFileSystem::subscribeForPushNotificationsWithCompletion(Completion completion)
 {
-    enqueue<std::optional<RecordError>>([this]() -> std::optional<RecordError> {
-        if (auto fehler = setUp())
-            return fehler;
+    run([this]() -> std::optional<RecordError> {
         const auto fehler = m_database->saveSubscription(
             m_zone, {u"CDEFileAddedSubscription"_s, m_schema.nodeType(), u"fileSize"_s});
-        if (fehler) {
+        if (fehler)
             CDE_LOG(u"Error while saving CloudKit subscription: %1"_s.arg(fehler->message()));
-            return connectionError(*fehler);
-        }
-        return std::nullopt;
+        return fehler;
     }, [this, completion](const std::optional<RecordError> &fehler) {
         if (!fehler && !m_listener) {
             m_listener = std::make_unique<RecordPushListener>(m_uri);

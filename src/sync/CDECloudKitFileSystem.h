@@ -71,9 +71,11 @@ public:
 
 private:
     std::optional<RecordError> setUp();
+    std::optional<RecordError> ready() override { return setUp(); }
+    // Without a reachable server the caller hears "No iCloud connection".
+    RecordError forCaller(const RecordError &error) const override;
     std::optional<RecordError> prime();
     void performRepairsIfNecessaryForError(const RecordError &error);
-    RecordError connectionError(const RecordError &error) const;
     // The records at the paths and below their directories; an error when they cannot be collected.
     RecordResult<QStringList> recordsForRemoval(const QStringList &fullPaths);
 

@@ -75,15 +75,6 @@ bool CDEFolderFileSystem::isForeignFile(const QString &fileName)
     return fileName.startsWith(kTemp) || fremd.match(fileName).hasMatch();
 }
 
-void CDEFolderFileSystem::simple(std::function<std::optional<RecordError>()> work, Completion completion)
-{
-    enqueue<std::optional<RecordError>>([this, work = std::move(work)]() -> std::optional<RecordError> {
-        if (auto fehler = reachable())
-            return fehler;
-        return work();
-    }, std::move(completion));
-}
-
 std::optional<RecordError> CDEFolderFileSystem::reachable() const
 {
     // An unmounted share or a folder that was never made: no connection, as without a server.
@@ -117,7 +108,7 @@ void CDEFolderFileSystem::fetchUserIdentityWithCompletion(std::function<void(QSt
 void CDEFolderFileSystem::primeForActivityWithCompletion(Completion completion)
 {
     // The folder is its own picture: nothing to bring up to date.
-    simple([] { return std::nullopt; }, std::move(completion));
+    run([] { return std::nullopt; }, std::move(completion));
 }
 
 void CDEFolderFileSystem::fileExistsAtPath(const QString &path, std::function<void(bool, bool, std::optional<RecordError>)> completion)
@@ -157,7 +148,7 @@ void CDEFolderFileSystem::contentsOfDirectoryAtPath(const QString &path,
 
 void CDEFolderFileSystem::createDirectoryAtPath(const QString &path, Completion completion)
 {
-    simple([this, path]() -> std::optional<RecordError> {
+    run([this, path]() -> std::optional<RecordError> {
         if (QDir().mkpath(localPath(path)))
             return std::nullopt;
         return dateiFehler(u"make the folder"_s, localPath(path), u"no permission or no space"_s);
@@ -166,7 +157,7 @@ void CDEFolderFileSystem::createDirectoryAtPath(const QString &path, Completion 
 
 void CDEFolderFileSystem::uploadLocalFiles(const QStringList &localFiles, const QStringList &paths, Completion completion)
 {
-    simple([this, localFiles, paths]() -> std::optional<RecordError> {
+    run([this, localFiles, paths]() -> std::optional<RecordError> {
         QStringList schonDa;
         for (qsizetype i = 0; i < localFiles.size() && i < paths.size(); ++i) {
             if (QFileInfo::exists(localPath(paths[i]))) {
@@ -184,7 +175,7 @@ void CDEFolderFileSystem::uploadLocalFiles(const QStringList &localFiles, const 
 
 void CDEFolderFileSystem::downloadFromPaths(const QStringList &paths, const QStringList &localFiles, Completion completion)
 {
-    simple([this, paths, localFiles]() -> std::optional<RecordError> {
+    run([this, paths, localFiles]() -> std::optional<RecordError> {
         QMap<QString, RecordError> fehlend;
         for (const QString &pfad : paths)
             if (!QFileInfo(localPath(pfad)).isFile())
@@ -202,7 +193,7 @@ void CDEFolderFileSystem::downloadFromPaths(const QStringList &paths, const QStr
 
 void CDEFolderFileSystem::removeItemsAtPaths(const QStringList &paths, Completion completion)
 {
-    simple([this, paths]() -> std::optional<RecordError> {
+    run([this, paths]() -> std::optional<RecordError> {
         for (const QString &pfad : paths) {
             const QFileInfo info(localPath(pfad));
             const bool weg = !info.exists() || (info.isDir() ? QDir(info.filePath()).removeRecursively() : QFile::remove(info.filePath()));
@@ -215,7 +206,7 @@ void CDEFolderFileSystem::removeItemsAtPaths(const QStringList &paths, Completio
 
 void CDEFolderFileSystem::removeAllItemsWithCompletion(Completion completion)
 {
-    simple([this]() -> std::optional<RecordError> {
+    run([this]() -> std::optional<RecordError> {
         CDE_LOG(u"Deleting all data in the folder %1"_s.arg(m_root));
         for (const QFileInfo &info : QDir(m_root).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden)) {
             if (isForeignFile(info.fileName()))
@@ -240,7 +231,7 @@ void CDEFolderFileSystem::watchFolders()
 
 void CDEFolderFileSystem::subscribeForPushNotificationsWithCompletion(Completion completion)
 {
-    simple([] { return std::nullopt; }, [this, completion](const std::optional<RecordError> &fehler) {
+    run([] { return std::nullopt; }, [this, completion](const std::optional<RecordError> &fehler) {
         if (!fehler && !m_watcher) {
             m_watcher = std::make_unique<QFileSystemWatcher>();
             // A new folder is watched too; every change is worth a sync step.

@@ -41,7 +41,7 @@ public:
     void subscribeForPushNotificationsWithCompletion(Completion completion) override;
 
 private:
-    void simple(std::function<std::optional<RecordError>()> work, Completion completion);
+    std::optional<RecordError> ready() override { return reachable(); }
     std::optional<RecordError> reachable() const;
     QString localPath(const QString &path) const;
     void watchFolders();

@@ -138,8 +138,9 @@ TEST_F(FileSystemTest, AServerRestartDuringAnUploadNeverLeavesHalfAFile)
             EXPECT_TRUE(zeile.endsWith(u":2097152"_s)) << zeile.toStdString();
     };
     ganz();
-    if (*hoch)
+    if (*hoch) {
         ASSERT_FALSE(fertig([&](auto c) { a->uploadLocalFiles(dateien, pfade, c); }));
+    }
     ganz();
     EXPECT_EQ(liste(*b, u"/"_s).size(), 30);
 
