@@ -3,12 +3,11 @@
 #include "CDESyncLog.h"
 #include "RecordDatabase.h"
 #include "RecordPushListener.h"
+#include "SyncServerAdresse.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QRegularExpression>
 #include <QStandardPaths>
-#include <QUrl>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,17 +18,11 @@ const QStringList kPrimingKeys{u"isDirectory"_s, u"fileSize"_s, u"path"_s};
 QString namenListe(const QStringList &namen) { return u"(%1)"_s.arg(namen.join(u", ")); }
 
 // The server a cache belongs to, without its password: the same zone on another server or of
-// another user is another cache.
+// another user is another cache. What the address leaves out comes from libpq's environment.
 QString serverKennung(const QByteArray &uri)
 {
-    QUrl url(QString::fromUtf8(uri));
-    if (url.isValid() && !url.scheme().isEmpty()) {
-        url.setPassword({});
-        return url.toString();
-    }
-    QString text = QString::fromUtf8(uri);
-    text.remove(QRegularExpression(u"password\\s*=\\s*\\S*"_s));
-    return text + u'|' + qEnvironmentVariable("PGHOST") + u'|' + qEnvironmentVariable("PGPORT") + u'|' + qEnvironmentVariable("PGUSER");
+    return QString::fromUtf8(SyncServerAdresse::ohnePasswort(uri)) + u'|' + qEnvironmentVariable("PGHOST") + u'|'
+           + qEnvironmentVariable("PGPORT") + u'|' + qEnvironmentVariable("PGUSER");
 }
 
 } // namespace

@@ -99,12 +99,16 @@ std::optional<qint64> RecordDatabase::beginWrite(const RecordZoneID &zone)
     return std::nullopt;
 }
 
+bool RecordDatabase::zoneExists(const RecordZoneID &zone)
+{
+    return m_connection->exec("SELECT 1 FROM velmora_zone WHERE owner = current_user AND zone_name = $1",
+                              {P::text(zone.zoneName)}).rows() > 0;
+}
+
 std::optional<RecordError> RecordDatabase::fetchZone(const RecordZoneID &zone)
 {
     return run([&]() -> std::optional<RecordError> {
-        const auto r = m_connection->exec("SELECT 1 FROM velmora_zone WHERE owner = current_user AND zone_name = $1",
-                                          {P::text(zone.zoneName)});
-        return r.rows() ? std::nullopt : std::optional(zoneFehlt(zone));
+        return zoneExists(zone) ? std::nullopt : std::optional(zoneFehlt(zone));
     });
 }
 
@@ -158,8 +162,7 @@ RecordResult<QList<Record>> RecordDatabase::fetchRecords(const RecordZoneID &zon
         RecordResult<QList<Record>> ergebnis;
         // One snapshot: a record and its asset belong to the same save.
         m_connection->exec("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
-        if (!m_connection->exec("SELECT 1 FROM velmora_zone WHERE owner = current_user AND zone_name = $1",
-                                {P::text(zone.zoneName)}).rows()) {
+        if (!zoneExists(zone)) {
             m_connection->exec("COMMIT");
             ergebnis.error = zoneFehlt(zone);
             return ergebnis;
@@ -274,8 +277,7 @@ RecordResult<QList<Record>> RecordDatabase::queryRecords(const RecordZoneID &zon
 {
     return run([&] {
         RecordResult<QList<Record>> ergebnis;
-        if (!m_connection->exec("SELECT 1 FROM velmora_zone WHERE owner = current_user AND zone_name = $1",
-                                {P::text(zone.zoneName)}).rows()) {
+        if (!zoneExists(zone)) {
             ergebnis.error = zoneFehlt(zone);
             return ergebnis;
         }
@@ -316,8 +318,7 @@ RecordResult<RecordZoneChanges> RecordDatabase::fetchZoneChanges(const RecordZon
 std::optional<RecordError> RecordDatabase::saveSubscription(const RecordZoneID &zone, const RecordSubscription &subscription)
 {
     return run([&]() -> std::optional<RecordError> {
-        if (!m_connection->exec("SELECT 1 FROM velmora_zone WHERE owner = current_user AND zone_name = $1",
-                                {P::text(zone.zoneName)}).rows())
+        if (!zoneExists(zone))
             return zoneFehlt(zone);
         m_connection->exec("INSERT INTO velmora_subscription (zone_name, subscription_id, record_type, positive_field)"
                            " VALUES ($1, $2, $3, $4) ON CONFLICT (owner, zone_name, subscription_id)"

@@ -79,6 +79,7 @@ private:
     // Begins a writing transaction with the zone's next counter value; none (and no transaction)
     // when the zone does not exist.
     std::optional<qint64> beginWrite(const RecordZoneID &zone);
+    bool zoneExists(const RecordZoneID &zone);
     QList<Record> readRecords(const RecordZoneID &zone, const QStringList &names, const QStringList &desiredKeys,
                               bool withAssets);
 

@@ -81,8 +81,9 @@ TEST(SyncServerCommand, TlsWithVerifyFullTrustsOnlyTheServersAuthority)
                          u"server.key"_s, u"-out"_s, u"server.csr"_s}));
     ASSERT_TRUE(openssl({u"x509"_s, u"-req"_s, u"-in"_s, u"server.csr"_s, u"-CA"_s, u"ca.crt"_s, u"-CAkey"_s, u"ca.key"_s,
                          u"-CAcreateserial"_s, u"-days"_s, u"2"_s, u"-extfile"_s, u"san.ext"_s, u"-out"_s, u"server.crt"_s}));
-    if (::geteuid() == 0) // the cluster runs as postgres
+    if (::geteuid() == 0) { // the cluster runs as postgres
         ASSERT_EQ(QProcess::execute(u"chown"_s, {u"postgres"_s, ordner.filePath(u"server.key"_s), ordner.filePath(u"server.crt"_s)}), 0);
+    }
 
     PostgresConnection admin("");
     ASSERT_TRUE(admin.connect(nullptr));
