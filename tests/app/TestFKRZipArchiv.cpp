@@ -1,15 +1,15 @@
 #include "FKRZipArchiv.h"
 
 #include "ZipTestSupport.h"
+#include "harness/DateiGroessenGrenze.h"
 
 #include <QStorageInfo>
 
-#include <csignal>
 #include <functional>
-#include <sys/resource.h>
 
 using namespace ziptest;
 using Ergebnis = FKRZipArchiv::Ergebnis;
+using harness::DateiGroessenGrenze;
 
 namespace {
 
@@ -17,24 +17,6 @@ const QString kStore = QStringLiteral("VelmoraRechnungen.storedata");
 const QString kShm = QStringLiteral("VelmoraRechnungen.storedata-shm");
 const QString kWal = QStringLiteral("VelmoraRechnungen.storedata-wal");
 const QStringList kStoreNamen{kStore, kShm, kWal}; // a backup round-trips in the restore command's test
-
-// Files may grow only to `bytes` while it lives: the next write beyond fails as on a full disk.
-class DateiGroessenGrenze
-{
-public:
-    explicit DateiGroessenGrenze(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_alt);
-        rlimit neu = m_alt;
-        neu.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &neu);
-    }
-    ~DateiGroessenGrenze() { setrlimit(RLIMIT_FSIZE, &m_alt); }
-
-private:
-    rlimit m_alt{};
-};
 
 class FKRZipArchivTest : public ::testing::Test
 {

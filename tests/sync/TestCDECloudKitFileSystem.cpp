@@ -5,12 +5,9 @@
 
 #include "CDECloudKitFileSystem.h"
 #include "DateisystemPruefung.h"
+#include "harness/DateiGroessenGrenze.h"
 
 #include <QDir>
-#include <QProcess>
-
-#include <csignal>
-#include <sys/resource.h>
 #include <QTemporaryDir>
 
 namespace {
@@ -128,7 +125,7 @@ TEST_F(FileSystemTest, AServerRestartDuringAnUploadNeverLeavesHalfAFile)
         dateien << lokal(u"g%1"_s.arg(i), QByteArray(2 << 20, char('A' + i))), pfade << u"/g%1"_s.arg(i);
     std::optional<Fehler> hoch;
     a->uploadLocalFiles(dateien, pfade, [&](Fehler fehler) { hoch = std::move(fehler); });
-    ASSERT_EQ(QProcess::execute(u"pg_ctlcluster"_s, {qEnvironmentVariable("PGVERSION"), u"regress"_s, u"restart"_s, u"-m"_s, u"fast"_s}), 0);
+    ASSERT_TRUE(testserver::starteNeu());
     ASSERT_TRUE(warteBis([&] { return hoch.has_value(); }, 30000));
     EXPECT_TRUE(!*hoch || (*hoch)->retryable()) << (*hoch)->message().toStdString();
 
@@ -145,14 +142,11 @@ TEST_F(FileSystemTest, AServerRestartDuringAnUploadNeverLeavesHalfAFile)
     EXPECT_EQ(liste(*b, u"/"_s).size(), 30);
 
     // A disk that fills up while a file comes down: an error and no local file, never half of one.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit alt{}, knapp{};
-    getrlimit(RLIMIT_FSIZE, &alt);
-    knapp = alt;
-    knapp.rlim_cur = 1 << 20;
-    setrlimit(RLIMIT_FSIZE, &knapp);
-    const Fehler voll = fertig([&](auto c) { b->downloadFromPaths({pfade[0]}, {ordner.filePath(u"voll"_s)}, c); });
-    setrlimit(RLIMIT_FSIZE, &alt);
+    Fehler voll;
+    {
+        const harness::DateiGroessenGrenze grenze(1 << 20);
+        voll = fertig([&](auto c) { b->downloadFromPaths({pfade[0]}, {ordner.filePath(u"voll"_s)}, c); });
+    }
     EXPECT_TRUE(voll);
     EXPECT_FALSE(QFile::exists(ordner.filePath(u"voll"_s)));
 }

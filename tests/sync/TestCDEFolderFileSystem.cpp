@@ -3,13 +3,10 @@
 // and hear of new files through the folder.
 #include "CDEFolderFileSystem.h"
 #include "DateisystemPruefung.h"
+#include "harness/DateiGroessenGrenze.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QTemporaryDir>
-
-#include <csignal>
-#include <sys/resource.h>
 
 namespace {
 
@@ -70,14 +67,11 @@ TEST(CDEFolderFileSystem, AFullDiskLeavesNeitherHalfAFileNorItsDraft)
     QTemporaryDir ordner, lokal;
     CDEFolderFileSystem fs(ordner.path());
     const QString gross = schreibe(lokal.filePath(u"gross"_s), QByteArray(2 << 20, 'g'));
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit alt{};
-    getrlimit(RLIMIT_FSIZE, &alt);
-    rlimit knapp = alt;
-    knapp.rlim_cur = 1 << 20;
-    setrlimit(RLIMIT_FSIZE, &knapp);
-    const Fehler fehler = fertig([&](auto c) { fs.uploadLocalFiles({gross}, {u"/gross"_s}, c); });
-    setrlimit(RLIMIT_FSIZE, &alt);
+    Fehler fehler;
+    {
+        const harness::DateiGroessenGrenze grenze(1 << 20);
+        fehler = fertig([&](auto c) { fs.uploadLocalFiles({gross}, {u"/gross"_s}, c); });
+    }
     EXPECT_TRUE(fehler);
     EXPECT_TRUE(QDir(ordner.path()).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden)) << "something was left";
 }

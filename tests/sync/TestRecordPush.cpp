@@ -6,7 +6,6 @@
 #include "RecordPushListener.h"
 #include "harness/Prozesse.h"
 
-#include <QProcess>
 
 #include <ctime>
 
@@ -61,7 +60,7 @@ TEST(RecordPush, AnotherMachinesNewFileWakesTheListenerAlsoAfterTheServerRestart
     harness::laufe(300);
     EXPECT_EQ(zaehler, QList<qint64>{tag.toLongLong()});
 
-    ASSERT_EQ(QProcess::execute(u"pg_ctlcluster"_s, {qEnvironmentVariable("PGVERSION"), u"regress"_s, u"restart"_s}), 0);
+    ASSERT_TRUE(testserver::starteNeu());
     ASSERT_TRUE(warteBis([&] { return verbunden == 2; }, 10000)) << "the listener did not come back";
     const QString danach = speichere(alice, knoten(u"/danach"_s, 1, "x"));
     ASSERT_TRUE(warteBis([&] { return zaehler.size() == 2; }, 1000));

@@ -7,6 +7,7 @@
 #include "RecordDatabase.h"
 #include "PostgresConnection.h"
 
+#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace testserver {
@@ -39,6 +40,12 @@ inline QByteArray nutzer(const QByteArray &name)
         admin.exec(QByteArray("GRANT CREATE ON SCHEMA public TO " + name).constData());
     }
     return "user=" + name + " password=" + name;
+}
+
+// Restarts the throwaway server, dropping every connection at once (as a server that goes away).
+inline bool starteNeu()
+{
+    return QProcess::execute(u"pg_ctlcluster"_s, {qEnvironmentVariable("PGVERSION"), u"regress"_s, u"restart"_s, u"-m"_s, u"fast"_s}) == 0;
 }
 
 inline void leereZone(RecordDatabase &db, const RecordZoneID &zone)
